@@ -1,0 +1,37 @@
+# The module: qmxexif.dll and its import libraries or, natively, libqmxexif.so with the same
+# exported names.  The functions come out of qmxcore.
+
+if(WIN32)
+  configure_file(src/qmxexif.rc.in qmxexif.rc @ONLY)
+  add_library(qmxexif SHARED ${QMX_DEF} ${PROJECT_BINARY_DIR}/qmxexif.rc)
+  set_target_properties(qmxexif PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+else()
+  add_library(qmxexif SHARED ${QMX_DEF})
+endif()
+set_target_properties(qmxexif PROPERTIES LINKER_LANGUAGE CXX)
+target_link_libraries(qmxexif PRIVATE qmxcore)
+target_include_directories(qmxexif INTERFACE ${PROJECT_SOURCE_DIR}/include)
+
+if(MSVC)
+  set_target_properties(qmxexif PROPERTIES IMPORT_PREFIX "")
+  target_link_options(qmxexif PRIVATE /BASE:0x180000000 /SUBSYSTEM:WINDOWS,6.01)
+elseif(WIN32)
+  target_link_options(qmxexif PRIVATE -Wl,--exclude-all-symbols,--image-base,0x180000000)
+  # The import library for link.exe, in the form that it makes itself.
+  find_program(QMX_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14)
+  if(QMX_DLLTOOL)
+    add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/qmxexif.lib
+      COMMAND ${QMX_DLLTOOL} -m i386:x86-64 -D qmxexif.dll -d ${QMX_DEF} -l qmxexif.lib
+      DEPENDS ${QMX_DEF} WORKING_DIRECTORY ${PROJECT_BINARY_DIR} VERBATIM)
+    add_custom_target(qmxexif_msvc_import ALL DEPENDS ${PROJECT_BINARY_DIR}/qmxexif.lib)
+  endif()
+else()
+  # A version script neither pulls a function out of a library nor makes a hidden one visible.
+  set_source_files_properties(src/api/exports.cpp PROPERTIES COMPILE_OPTIONS -fvisibility=default)
+  list(TRANSFORM QMX_EXPORTS PREPEND "-Wl,-u," OUTPUT_VARIABLE pulled)
+  list(JOIN QMX_EXPORTS ";\n    " names)
+  set(version_script ${PROJECT_BINARY_DIR}/qmxexif.map)
+  file(CONFIGURE OUTPUT qmxexif.map CONTENT "{\n  global:\n    @names@;\n  local:\n    *;\n};\n" @ONLY)
+  target_link_options(qmxexif PRIVATE ${pulled} -Wl,--version-script=${version_script})
+  set_target_properties(qmxexif PROPERTIES LINK_DEPENDS ${version_script} SKIP_BUILD_RPATH ON)
+endif()

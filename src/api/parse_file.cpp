@@ -1,0 +1,26 @@
+#include "api/requests.h"
+#include "parse/containers/container.h"
+#include "parse/core/mapped_file.h"
+
+namespace qmx {
+
+std::uint32_t ParseFile(const wchar_t* path, IStream* stream, ImageInfo* infoOut,
+                        bool wantPrimary) {
+    ParseContext ctx;
+    ctx.outStream = stream;
+    const MappedFile file(ctx, path);
+    if (!file) return 0;
+    lstrcpynW(ctx.filePath, path, kPathCapacity);
+    if (ParseContainer(ctx, wantPrimary) == 0) return 0;
+    if (stream != nullptr) stream->Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr);
+    if (infoOut != nullptr) *infoOut = ctx.info;
+    return 1;
+}
+
+std::uint32_t ProbeFile(const wchar_t* path) {
+    ParseContext ctx;
+    const MappedFile file(ctx, path);
+    return file ? ProbeExifFile(ctx, path) : 0;
+}
+
+}  // namespace qmx

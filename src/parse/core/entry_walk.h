@@ -1,0 +1,104 @@
+#pragma once
+// The one walk over 12-byte directory entries, shared by IFDs, Exif, GPS and every MakerNote, and
+// the rows that say what a directory's tags mean.  Entry layout: TIFF 6, section 2.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+#include "parse/core/cursor.h"
+#include "parse/core/record_of.h"
+
+namespace qmx {
+
+inline constexpr std::uint32_t kEntryBytes = 12;
+
+struct DirEntry {
+    std::uint16_t tag;
+    std::uint16_t type;
+    std::uint32_t count;  // never above 0x7FFFFFFF when a visitor sees it
+};
+
+// Calls visit(entry) with the cursor on the entry's value, for each of `count` entries at the
+// cursor.  Entries with a negative count or a value outside the file are skipped.  Afterwards the
+// cursor stands behind the last entry walked.
+template <class Visit>
+void WalkEntries(ParseContext& ctx, std::uint32_t count, Visit&& visit) {
+    for (std::uint32_t i = 0; i < count && !AtEnd(ctx); ++i) {
+        const std::int32_t next = WrappingAdd(Position(ctx), kEntryBytes);
+        SpendWork(ctx, kEntryBytes);
+        DirEntry entry;
+        entry.tag = ReadU16(ctx);
+        entry.type = ReadU16(ctx);
+        entry.count = ReadU32(ctx);
+        if (static_cast<std::int32_t>(entry.count) >= 0 &&
+            SeekToValue(ctx, entry.type, entry.count))
+            visit(static_cast<const DirEntry&>(entry));
+        SeekTo(ctx, next);
+    }
+}
+
+// What to do with one tag's value, at which the cursor stands, for a record being filled.
+template <class Record>
+struct TagRow {
+    std::uint16_t tag;
+    void (*store)(ParseContext& ctx, const DirEntry& entry, Record& record);
+};
+
+// Tables are searched by bisection, so their tags must ascend.
+template <class Record, std::size_t Size>
+constexpr bool TagsAscend(const TagRow<Record> (&rows)[Size]) {
+    for (std::size_t i = 1; i < Size; ++i)
+        if (rows[i - 1].tag >= rows[i].tag) return false;
+    return true;
+}
+
+// Walks `count` entries at the cursor and hands each one that has a row to it.
+template <class Record, std::size_t Size>
+void WalkTable(ParseContext& ctx, std::uint32_t count, Record& record,
+               const TagRow<Record> (&rows)[Size]) {
+    WalkEntries(ctx, count, [&](const DirEntry& entry) {
+        const auto* row = std::lower_bound(
+            std::begin(rows), std::end(rows), entry.tag,
+            [](const TagRow<Record>& candidate, std::uint16_t tag) { return candidate.tag < tag; });
+        if (row != std::end(rows) && row->tag == entry.tag) row->store(ctx, entry, record);
+    });
+}
+
+inline std::int32_t ReadInteger(ParseContext& ctx, const DirEntry& entry) {
+    return TruncateToI32(ReadValue(ctx, entry.type));
+}
+
+inline std::uint32_t ReadUnsigned(ParseContext& ctx, const DirEntry& entry) {
+    return TruncateToU32(ReadValue(ctx, entry.type));
+}
+
+inline float ReadFloat(ParseContext& ctx, const DirEntry& entry) {
+    return static_cast<float>(ReadValue(ctx, entry.type));
+}
+
+// The ordinary rows: one number or text into one member.
+template <auto Field>
+void StoreInteger(ParseContext& ctx, const DirEntry& entry, RecordOf<Field>& record) {
+    record.*Field = ReadInteger(ctx, entry);
+}
+
+template <auto Field>
+void StoreFloat(ParseContext& ctx, const DirEntry& entry, RecordOf<Field>& record) {
+    record.*Field = ReadFloat(ctx, entry);
+}
+
+template <auto Field>
+void StoreText(ParseContext& ctx, const DirEntry& entry, RecordOf<Field>& record) {
+    ReadString(ctx, record.*Field, entry.count);
+}
+
+// Bytes as they stand, always terminated within the member.
+template <auto Field>
+void StoreTerminatedBytes(ParseContext& ctx, const DirEntry& entry, RecordOf<Field>& record) {
+    auto& field = record.*Field;
+    std::fill(std::begin(field), std::end(field), 0);
+    ReadBytes(ctx, field, std::min<std::size_t>(entry.count, std::size(field) - 1));
+}
+
+}  // namespace qmx

@@ -1,0 +1,89 @@
+#include "parse/core/mapped_file.h"
+
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "parse/core/cursor.h"
+
+namespace qmx {
+namespace {
+
+HANDLE OpenForReading(const wchar_t* path) {
+    return CreateFileW(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                       FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+}
+
+// Opens `path` in the form that has no length limit: \\?\C:\... or \\?\UNC\server\...
+HANDLE OpenExtendedLength(const wchar_t* path) {
+    constexpr wchar_t kLocal[] = L"\\\\?\\";
+    constexpr wchar_t kNetwork[] = L"\\\\?\\UNC\\";
+    constexpr DWORD kPrefixRoom = 8;
+    const DWORD room = GetFullPathNameW(path, 0, nullptr, nullptr);
+    if (room < kPathCapacity) return INVALID_HANDLE_VALUE;
+
+    const std::unique_ptr<wchar_t[]> buffer(new (std::nothrow) wchar_t[kPrefixRoom + room]);
+    if (buffer == nullptr) return INVALID_HANDLE_VALUE;
+    wchar_t* full = buffer.get() + kPrefixRoom;
+    const DWORD length = GetFullPathNameW(path, room, full, nullptr);
+    if (length == 0 || length >= room) return INVALID_HANDLE_VALUE;
+
+    const bool device = full[0] == L'\\' && full[1] == L'\\' && (full[2] == L'?' || full[2] == L'.');
+    if (device) return OpenForReading(full);
+    const bool network = full[0] == L'\\' && full[1] == L'\\';
+    const wchar_t* prefix = network ? kNetwork : kLocal;
+    const std::size_t prefixLength = (network ? std::size(kNetwork) : std::size(kLocal)) - 1;
+    wchar_t* extended = network ? full + 2 - prefixLength : full - prefixLength;
+    std::memcpy(extended, prefix, prefixLength * sizeof(wchar_t));
+    return OpenForReading(extended);
+}
+
+// The plain form first: it is right nearly always, and a relative path does not show its length.
+HANDLE OpenPath(const wchar_t* path) {
+    if (static_cast<std::size_t>(lstrlenW(path)) < kPathCapacity) {
+        const HANDLE file = OpenForReading(path);
+        if (file != INVALID_HANDLE_VALUE) return file;
+        const DWORD error = GetLastError();
+        if (error != ERROR_PATH_NOT_FOUND && error != ERROR_FILENAME_EXCED_RANGE) return file;
+    }
+    return OpenExtendedLength(path);
+}
+
+}  // namespace
+
+bool MapFile(ParseContext& ctx, const wchar_t* path) {
+    ctx.mappingHandle = nullptr;
+    if (path == nullptr) return false;
+    const HANDLE file = OpenPath(path);
+    if (file == INVALID_HANDLE_VALUE) return false;
+
+    LARGE_INTEGER size = {};
+    if (GetFileSizeEx(file, &size) && size.QuadPart > 0)
+        ctx.mappingHandle = CreateFileMappingW(file, nullptr, PAGE_READONLY, 0, 0, nullptr);
+    if (ctx.mappingHandle != nullptr) {
+        const void* view = MapViewOfFile(ctx.mappingHandle, FILE_MAP_READ, 0, 0, 0);
+        if (view == nullptr) {
+            CloseHandle(ctx.mappingHandle);
+            ctx.mappingHandle = nullptr;
+        } else {
+            ctx.viewBase = static_cast<const std::uint8_t*>(view);
+            ctx.cursor = ctx.viewBase;
+            ctx.fileSize = size.QuadPart;
+            ctx.readEnd = ctx.viewBase + ctx.fileSize;
+        }
+    }
+    CloseHandle(file);  // the mapping keeps the file open
+    return ctx.mappingHandle != nullptr;
+}
+
+void UnmapFile(ParseContext& ctx) {
+    ctx.imageRecords.Clear();
+    FreeWorkBuffer(ctx);
+    if (ctx.mappingHandle == nullptr) return;
+    UnmapViewOfFile(ctx.viewBase);
+    CloseHandle(ctx.mappingHandle);
+    ctx.viewBase = nullptr;
+    ctx.mappingHandle = nullptr;
+}
+
+}  // namespace qmx

@@ -1,0 +1,44 @@
+#include "parse/core/parse_context.h"
+
+#include <new>
+
+namespace qmx {
+namespace {
+
+// Room for honest files smaller than a handful of directories whose values overlap.
+constexpr std::int64_t kWorkFloor = 4096;
+
+}  // namespace
+
+void ResetParse(ParseContext& ctx) {
+    ctx.thumbHeaderLength = 0;
+    ctx.thumbHeader[0] = 0;
+    ctx.thumbIsRgb = 0;
+    ctx.tiffBase = 0;
+    ctx.thumbWidth = 0;
+    ctx.thumbHeight = 0;
+    ctx.thumbOffset = 0;
+    ctx.thumbLength = 0;
+    ctx.thumbPlanar = 0;
+    ctx.thumbOrientation = 0;
+    ctx.wantPrimary = 0;
+    ctx.thumbDone = 0;
+    ctx.isJpegContainer = 0;
+    ctx.info = ImageInfo{};
+    ctx.readEnd = ctx.viewBase + ctx.fileSize;
+    ctx.workLeft = ctx.fileSize + kWorkFloor;
+    ctx.ifdDepth = 0;
+}
+
+std::uint8_t* AllocateWorkBuffer(ParseContext& ctx, std::size_t size) {
+    FreeWorkBuffer(ctx);
+    ctx.workBuffer = new (std::nothrow) std::uint8_t[size];
+    return ctx.workBuffer;
+}
+
+void FreeWorkBuffer(ParseContext& ctx) {
+    delete[] ctx.workBuffer;
+    ctx.workBuffer = nullptr;
+}
+
+}  // namespace qmx
