@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "parse/core/image_info.h"
+#include "parse/core/record_of.h"
 #include "text/enum_context.h"
 #include "text/text_buffer.h"
 #include "text/value_format.h"
@@ -29,15 +30,6 @@ void EmitRows(const Record& record, const TextRow<Record> (&rows)[Count],
         if (row.format(record, value)) EmitItem(context, row.label, value.Text());
     }
 }
-
-template <auto Field>
-struct FieldTraits;
-template <class Owner, class Value, Value Owner::*Field>
-struct FieldTraits<Field> {
-    using Record = Owner;
-};
-template <auto Field>
-using RecordOf = typename FieldTraits<Field>::Record;
 
 // A text of the file.
 template <auto Field, std::size_t Capacity = kValueCapacity>

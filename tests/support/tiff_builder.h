@@ -66,7 +66,7 @@ private:
         Bytes value;
         bool raw = false;
         bool isData = false;
-        std::vector<const IfdBuilder*> links;
+        std::vector<const IfdBuilder*> links = {};
     };
     explicit IfdBuilder(Order order) : order_(order) {}
     IfdBuilder& Numbers(std::uint16_t tag, std::uint16_t type, const std::vector<Ratio>& values);

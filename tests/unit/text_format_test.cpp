@@ -71,8 +71,7 @@ TEST(ValueFormat, Integers) {
     EXPECT_EQ(Formatted(FormatDistance, -7), "0.7cm");
 }
 
-// clang-format off: packed tables.
-
+// clang-format off
 TEST(ValueFormat, Decimals) {
     ExpectTexts([](TextBuffer& dst, float v) { FormatTenths(dst, v); },
                 {{2.59f, "2.5"}, {-0.5f, "0.5"}, {-1.5f, "-1.5"}, {0.0f, "0.0"}});
@@ -83,35 +82,19 @@ TEST(ValueFormat, Decimals) {
     ExpectTexts(
         [](TextBuffer& dst, float v) { FormatWholeOrTenths(dst, v, L"mm"); },
         {{18, "18mm"}, {18.04f, "18mm"}, {18.2f, "18.2mm"}, {4.99f, "5.0mm"}, {-2.5f, "-2mm"}});
-    ExpectTexts(FormatExposureBias, {{0.0f, "±0"},
-                                     {-0.0f, "±0"},
-                                     {0.3f, "+0.3EV"},
-                                     {-1.0f, "-1.0EV"},
-                                     {-0.33f, "-0.3EV"},
-                                     {0.67f, "+0.7EV"},
-                                     {1.25f, "+1.3EV"}});
-    ExpectTexts(FormatZoomRatio, {{2, "2.0倍"}, {1.25f, "1.3倍"}, {0, "オフ"}, {-1, "オフ"}});
-    ExpectTexts(FormatExposureTime, {{0.004f, "1/250秒"},
-                                     {1.0f / 60, "1/60秒"},
-                                     {0.29f, "1/3秒"},
-                                     {0.3f, "0.3秒"},
-                                     {0.5f, "0.5秒"},
-                                     {0.96f, "1秒"},
-                                     {1, "1秒"},
-                                     {1.25f, "1.3秒"},
-                                     {2.5f, "2.5秒"},
-                                     {30, "30秒"},
-                                     {1e-30f, "1/-2147483648秒"}});
-    ExpectTexts(FormatFNumber, {{2.8f, "F2.8"},
-                                {4, "F4"},
-                                {5.6f, "F5.6"},
-                                {9.96f, "F10"},
-                                {10, "F10"},
-                                {11.3f, "F11"},
-                                {22.6f, "F23"},
-                                {0.95f, "F1"}});
+    ExpectTexts(FormatExposureBias,
+                {{0.0f, "±0"}, {-0.0f, "±0"}, {0.3f, "+0.3EV"}, {-1.0f, "-1.0EV"},
+                 {-0.33f, "-0.3EV"}, {0.67f, "+0.7EV"}, {1.25f, "+1.3EV"}});
+    ExpectTexts(FormatZoomRatio,
+                {{2, "2.0倍"}, {1.25f, "1.3倍"}, {0, "オフ"}, {-1, "オフ"}});
+    ExpectTexts(FormatExposureTime,
+                {{0.004f, "1/250秒"}, {1.0f / 60, "1/60秒"}, {0.29f, "1/3秒"}, {0.3f, "0.3秒"},
+                 {0.5f, "0.5秒"}, {0.96f, "1秒"}, {1, "1秒"}, {1.25f, "1.3秒"}, {2.5f, "2.5秒"},
+                 {30, "30秒"}, {1e-30f, "1/-2147483648秒"}});
+    ExpectTexts(FormatFNumber,
+                {{2.8f, "F2.8"}, {4, "F4"}, {5.6f, "F5.6"}, {9.96f, "F10"}, {10, "F10"},
+                 {11.3f, "F11"}, {22.6f, "F23"}, {0.95f, "F1"}});
 }
-
 // clang-format on
 
 TEST(ValueFormat, DigitsStayDigitsForEveryFloat) {

@@ -48,15 +48,13 @@ void PutBase64(Writer& out, const std::vector<std::uint8_t>& bytes) {
 void PutPicture(Writer& out, const Photo& photo, const std::string& name) {
     out.Put("<div class=\"pic\">");
     const Preview& preview = photo.preview;
-    if (preview.kind != PreviewKind::kJpeg && preview.kind != PreviewKind::kBmp) {
+    // Without a size it is no whole picture and would show as a broken one.
+    if (preview.width == 0 || preview.height == 0) {
         out.Put("<span>プレビューなし</span></div>\n");
         return;
     }
-    out.Put("<img alt=\"").Put(name).Put("\"");
-    if (preview.width != 0 && preview.height != 0) {
-        out.Put(" width=\"").PutNumber(preview.width);
-        out.Put("\" height=\"").PutNumber(preview.height).Put("\"");
-    }
+    out.Put("<img alt=\"").Put(name).Put("\" width=\"").PutNumber(preview.width);
+    out.Put("\" height=\"").PutNumber(preview.height).Put("\"");
     const std::string_view transform = OrientationTransform(photo.storedOrientation);
     if (!transform.empty()) out.Put(" style=\"transform:").Put(transform).Put("\"");
     out.Put(preview.kind == PreviewKind::kJpeg ? " src=\"data:image/jpeg;base64,"
