@@ -51,8 +51,8 @@ std::string_view DropMakerName(std::string_view model, std::uint32_t maker) {
 
 }  // namespace
 
-bool ModelRule::Matches(std::string_view model) const {
-    return exact_ ? key_.View() == model : MatchPattern(key_.View(), model);
+bool ModelRule::MatchesPattern(std::string_view model) const {
+    return MatchPattern(key_.View(), model);
 }
 
 void IdentifyModel(ParseContext& ctx) {

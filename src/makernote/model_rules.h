@@ -36,9 +36,13 @@ public:
           modelId_(modelId) {}
 
     constexpr std::int32_t modelId() const { return modelId_; }
-    bool Matches(std::string_view model) const;
+    bool Matches(std::string_view model) const {
+        return exact_ ? key_.View() == model : MatchesPattern(model);
+    }
 
 private:
+    bool MatchesPattern(std::string_view model) const;
+
     ModelKey<27> key_;
     bool exact_;
     std::int32_t modelId_;

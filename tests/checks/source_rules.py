@@ -27,7 +27,7 @@ ALLOWED = {
 
 # Text reads records and never bytes: of the folders below it sees the records' headers only.
 TEXT_MAY_READ = re.compile(
-    r"parse/core/(image_info|numeric|win32)\.h|makernote/(\w+_fields|maker_record|model_identity)\.h"
+    r"parse/core/(image_info|numeric|record_of|win32)\.h|makernote/(\w+_fields|maker_record|model_identity)\.h"
 )
 
 # The only files through which the system's headers enter.

@@ -3,33 +3,15 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <thread>
 
 #include "support/api.h"
 #include "support/memory_stream.h"
+#include "support/seed_files.h"
 
 namespace qmx::test {
 namespace {
-
-Bytes FullPhoto(Order order) {
-    const Bytes thumbnail = JpegStream(Segment(0xDB, Bytes(5)), 16, 12);
-    TiffBuilder tiff(order);
-    IfdBuilder& ifd = tiff.Ifd();
-    IfdBuilder& exif = tiff.SubIfd();
-    IfdBuilder& gps = tiff.SubIfd();
-    IfdBuilder& sub = tiff.SubIfd();
-    ifd.Ascii(0x010F, "Panasonic").Ascii(0x0110, "DMC-FZ30").Short(0x0112, {6})
-        .Link(0x014A, {&sub, &sub}).Link(0x8769, {&exif}).Link(0x8825, {&gps});
-    exif.Rational(0x829A, {{1, 250}}).Ascii(0x9003, "2008:07:31 12:34:56")
-        .SRational(0x9201, {{8, 1}}).Undefined(0x927C, FromText("Panasonic") + Bytes(30));
-    gps.Rational(2, {{35, 1}, {39, 1}, {2915, 100}}).Ascii(29, "2008:07:31");
-    sub.Long(0x0100, {2}).Long(0x0101, {2}).Short(0x0102, {8, 8, 8}).Short(0x0103, {1})
-        .Short(0x0106, {2}).Data(0x0111, Bytes(12, 9)).Long(0x0117, {6, 6});
-    tiff.Ifd().Data(0x0201, thumbnail).Long(0x0202, {static_cast<std::uint32_t>(thumbnail.size())});
-    return ExifJpeg(tiff.Build());
-}
 
 INT_PTR CALLBACK Ignore(UINT32, const WCHAR* label, const WCHAR* value, INT_PTR user) {
     *reinterpret_cast<int*>(user) += lstrlenW(label) + (value != nullptr ? lstrlenW(value) : 0);

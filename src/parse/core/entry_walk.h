@@ -19,6 +19,15 @@ struct DirEntry {
     std::uint32_t count;  // never above 0x7FFFFFFF when a visitor sees it
 };
 
+// Reads an entry and goes to its value; false when the entry is to be skipped.
+inline bool EnterEntry(ParseContext& ctx, DirEntry& entry) {
+    entry.tag = ReadU16(ctx);
+    entry.type = ReadU16(ctx);
+    entry.count = ReadU32(ctx);
+    return static_cast<std::int32_t>(entry.count) >= 0 &&
+           SeekToValue(ctx, entry.type, entry.count);
+}
+
 // Calls visit(entry) with the cursor on the entry's value, for each of `count` entries at the
 // cursor.  Entries with a negative count or a value outside the file are skipped.  Afterwards the
 // cursor stands behind the last entry walked.
@@ -28,12 +37,7 @@ void WalkEntries(ParseContext& ctx, std::uint32_t count, Visit&& visit) {
         const std::int32_t next = WrappingAdd(Position(ctx), kEntryBytes);
         SpendWork(ctx, kEntryBytes);
         DirEntry entry;
-        entry.tag = ReadU16(ctx);
-        entry.type = ReadU16(ctx);
-        entry.count = ReadU32(ctx);
-        if (static_cast<std::int32_t>(entry.count) >= 0 &&
-            SeekToValue(ctx, entry.type, entry.count))
-            visit(static_cast<const DirEntry&>(entry));
+        if (EnterEntry(ctx, entry)) visit(static_cast<const DirEntry&>(entry));
         SeekTo(ctx, next);
     }
 }
@@ -45,7 +49,7 @@ struct TagRow {
     void (*store)(ParseContext& ctx, const DirEntry& entry, Record& record);
 };
 
-// Tables are searched by bisection, so their tags must ascend.
+// The search below relies on it.
 template <class Record, std::size_t Size>
 constexpr bool TagsAscend(const TagRow<Record> (&rows)[Size]) {
     for (std::size_t i = 1; i < Size; ++i)
@@ -53,15 +57,17 @@ constexpr bool TagsAscend(const TagRow<Record> (&rows)[Size]) {
     return true;
 }
 
-// Walks `count` entries at the cursor and hands each one that has a row to it.
+// Walks `count` entries at the cursor and hands each one that has a row to it.  Directories list
+// their tags in ascending order too, so one pass over the rows serves all entries; a file that does
+// not begins anew.
 template <class Record, std::size_t Size>
 void WalkTable(ParseContext& ctx, std::uint32_t count, Record& record,
                const TagRow<Record> (&rows)[Size]) {
+    const TagRow<Record>* row = rows;
     WalkEntries(ctx, count, [&](const DirEntry& entry) {
-        const auto* row = std::lower_bound(
-            std::begin(rows), std::end(rows), entry.tag,
-            [](const TagRow<Record>& candidate, std::uint16_t tag) { return candidate.tag < tag; });
-        if (row != std::end(rows) && row->tag == entry.tag) row->store(ctx, entry, record);
+        if (row != rows && entry.tag <= row[-1].tag) row = rows;
+        while (row != rows + Size && row->tag < entry.tag) ++row;
+        if (row != rows + Size && row->tag == entry.tag) row->store(ctx, entry, record);
     });
 }
 
