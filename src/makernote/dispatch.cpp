@@ -3,16 +3,19 @@
 #include <cstring>
 #include <string_view>
 
+#include "makernote/decoders.h"
 #include "parse/core/cursor.h"
 
 namespace qmx {
 namespace {
 
-// How a maker's note begins.  `enter` is called at the note's first byte; it recognises the header,
-// sets byte order and offset base, and leaves the cursor on the entry count.
+// How a maker's note begins and who reads it.  `enter` is called at the note's first byte; it
+// recognises the header, sets byte order and offset base, and leaves the cursor on the entry count.
+// A null `decode` leaves the note unread.
 struct MakerNoteForm {
     MakerId maker;
     bool (*enter)(ParseContext& ctx);
+    MakerNoteDecoder decode = nullptr;
 };
 
 bool BeginsWith(const ParseContext& ctx, std::string_view magic) {
@@ -119,19 +122,27 @@ constexpr MakerNoteForm kForms[] = {
     {kMakerHasselblad, EnterAtStart},
 };
 
-void EnterMakerNote(ParseContext& ctx, bool (*enter)(ParseContext& ctx)) {
+void ReadMakerNote(ParseContext& ctx, const MakerNoteForm& form, std::uint32_t ifdBase) {
     const OffsetScope restoreOffsets(ctx);
-    ctx.info.hasMakerNote = enter(ctx) ? 1 : 0;
+    ctx.info.hasMakerNote = form.enter(ctx) ? 1 : 0;
+    if (ctx.info.hasMakerNote && form.decode != nullptr) form.decode(ctx, ifdBase);
+}
+
+const MakerNoteForm* FindForm(std::uint32_t maker) {
+    for (const MakerNoteForm& form : kForms)
+        if (form.maker == maker) return &form;
+    return nullptr;
 }
 
 }  // namespace
 
-void ParseMakerNote(ParseContext& ctx, std::uint32_t) {
+void ParseMakerNote(ParseContext& ctx, std::uint32_t ifdBase) {
     ctx.info.hasMakerNote = 1;
-    for (const MakerNoteForm& form : kForms)
-        if (form.maker == ctx.info.makerId) return EnterMakerNote(ctx, form.enter);
+    if (const MakerNoteForm* form = FindForm(ctx.info.makerId)) ReadMakerNote(ctx, *form, ifdBase);
 }
 
-void ParsePentaxPrivateData(ParseContext& ctx) { EnterMakerNote(ctx, EnterPentax); }
+void ParsePentaxPrivateData(ParseContext& ctx) {
+    ReadMakerNote(ctx, *FindForm(kMakerPentax), ctx.tiffBase);
+}
 
 }  // namespace qmx

@@ -182,6 +182,10 @@ TEST(Preview, OfRafIsTheEmbeddedJpeg) {
     jpeg[0] = 0xFF;
     EXPECT_EQ(primary, jpeg);
     EXPECT_EQ(Deliver(wrap(size + 1), 1, ".raf").bytes, thumbnail);  // cut off: what there is
+    TiffBuilder bare;
+    Camera(bare, "FUJIFILM", "FinePix S2Pro");
+    jpeg = ExifJpeg(bare.Build());
+    EXPECT_EQ(Deliver(wrap(0), 1, ".raf").result, 0u);  // no bytes are no picture
 }
 
 }  // namespace

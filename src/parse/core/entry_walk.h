@@ -19,25 +19,30 @@ struct DirEntry {
     std::uint32_t count;  // never above 0x7FFFFFFF when a visitor sees it
 };
 
-// Reads an entry and goes to its value; false when the entry is to be skipped.
-inline bool EnterEntry(ParseContext& ctx, DirEntry& entry) {
+inline DirEntry ReadEntry(ParseContext& ctx) {
+    DirEntry entry;
     entry.tag = ReadU16(ctx);
     entry.type = ReadU16(ctx);
     entry.count = ReadU32(ctx);
-    return static_cast<std::int32_t>(entry.count) >= 0 &&
-           SeekToValue(ctx, entry.type, entry.count);
+    return entry;
 }
 
+inline bool EndsNowhere(const DirEntry&) { return false; }
+
 // Calls visit(entry) with the cursor on the entry's value, for each of `count` entries at the
-// cursor.  Entries with a negative count or a value outside the file are skipped.  Afterwards the
-// cursor stands behind the last entry walked.
-template <class Visit>
-void WalkEntries(ParseContext& ctx, std::uint32_t count, Visit&& visit) {
+// cursor.  Entries with a negative count or a value outside the file are skipped; one for which
+// endsAt(entry) holds ends the walk.  Otherwise the cursor ends behind the last entry walked.
+template <class Visit, class EndsAt = bool (*)(const DirEntry&)>
+void WalkEntries(ParseContext& ctx, std::uint32_t count, Visit&& visit,
+                 EndsAt&& endsAt = EndsNowhere) {
     for (std::uint32_t i = 0; i < count && !AtEnd(ctx); ++i) {
         const std::int32_t next = WrappingAdd(Position(ctx), kEntryBytes);
         SpendWork(ctx, kEntryBytes);
-        DirEntry entry;
-        if (EnterEntry(ctx, entry)) visit(static_cast<const DirEntry&>(entry));
+        const DirEntry entry = ReadEntry(ctx);
+        if (endsAt(entry)) return;
+        if (static_cast<std::int32_t>(entry.count) >= 0 &&
+            SeekToValue(ctx, entry.type, entry.count))
+            visit(entry);
         SeekTo(ctx, next);
     }
 }
@@ -60,15 +65,16 @@ constexpr bool TagsAscend(const TagRow<Record> (&rows)[Size]) {
 // Walks `count` entries at the cursor and hands each one that has a row to it.  Directories list
 // their tags in ascending order too, so one pass over the rows serves all entries; a file that does
 // not begins anew.
-template <class Record, std::size_t Size>
+template <class Record, std::size_t Size, class EndsAt = bool (*)(const DirEntry&)>
 void WalkTable(ParseContext& ctx, std::uint32_t count, Record& record,
-               const TagRow<Record> (&rows)[Size]) {
+               const TagRow<Record> (&rows)[Size], EndsAt&& endsAt = EndsNowhere) {
     const TagRow<Record>* row = rows;
-    WalkEntries(ctx, count, [&](const DirEntry& entry) {
+    const auto visit = [&](const DirEntry& entry) {
         if (row != rows && entry.tag <= row[-1].tag) row = rows;
         while (row != rows + Size && row->tag < entry.tag) ++row;
         if (row != rows + Size && row->tag == entry.tag) row->store(ctx, entry, record);
-    });
+    };
+    WalkEntries(ctx, count, visit, endsAt);
 }
 
 inline std::int32_t ReadInteger(ParseContext& ctx, const DirEntry& entry) {

@@ -95,7 +95,7 @@ void InterleavePlanes(const std::uint8_t* src, std::uint32_t length, std::uint8_
 
 bool WriteEmbeddedJpeg(ParseContext& ctx, std::uint32_t position, std::uint32_t length,
                        bool rewind) {
-    if (ctx.outStream == nullptr) return false;
+    if (ctx.outStream == nullptr || length == 0) return false;
     const std::uint8_t* src = BytesAt(ctx, position, length);
     if (src == nullptr) return false;
 

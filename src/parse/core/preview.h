@@ -9,7 +9,8 @@ namespace qmx {
 
 // Writes `length` bytes at `position` as a JPEG stream: they must all be in the file, and the
 // first two become a start-of-image marker whatever they were.  `rewind` goes to the stream's
-// start first.  False, with nothing written, when bytes are missing or no stream is wanted.
+// start first.  False, with nothing written, when bytes are missing, there are none or no stream is
+// wanted.
 bool WriteEmbeddedJpeg(ParseContext& ctx, std::uint32_t position, std::uint32_t length,
                        bool rewind);
 

@@ -1,0 +1,15 @@
+#pragma once
+// The decoders of the makers' notes.  Each is called behind the note's header, with the cursor on
+// the entry count, byte order and offset base set as the maker has them; the dispatch puts both
+// back.  A decoder resets the maker's record first and never reports an error.
+
+#include <cstdint>
+
+#include "parse/core/parse_context.h"
+
+namespace qmx {
+
+// `ifdBase` is the base of the IFD chain being walked, for offsets that point outside the note.
+using MakerNoteDecoder = void (*)(ParseContext& ctx, std::uint32_t ifdBase);
+
+}  // namespace qmx
