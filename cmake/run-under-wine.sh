@@ -18,6 +18,8 @@ if ! [ -f "$WINEPREFIX/.ready" ]; then
         [ -f "$WINEPREFIX/.ready" ] || { wine wineboot --init && touch "$WINEPREFIX/.ready"; } 9>&-
     ) 9>"$WINEPREFIX.lock" </dev/null >/dev/null 2>&1
 fi
+# On a terminal nobody waits for a pipe to close, and programs may draw on it.
+[ -t 2 ] && exec wine "$@"
 err=$(mktemp)
 trap 'rm -f "$err"' EXIT
 wine "$@" 2>"$err"

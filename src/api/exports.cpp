@@ -21,11 +21,9 @@ UINT32 Guarded(UINT32 failure, Call&& call) noexcept {
 
 extern "C" {
 
-UINT32 WINAPI ExifGetThumbsnail(const WCHAR* path, IStream* stream, WCHAR* text,
-                                INT32 textLength) {
-    return Guarded(0, [&] {
-        return qmx::RunTextRequest(path, stream, nullptr, 0, text, textLength);
-    });
+UINT32 WINAPI ExifGetThumbsnail(const WCHAR* path, IStream* stream, WCHAR* text, INT32 textLength) {
+    return Guarded(0,
+                   [&] { return qmx::RunTextRequest(path, stream, nullptr, 0, text, textLength); });
 }
 
 UINT32 WINAPI ExifGetPrimaryImageEx(const WCHAR* path, IStream* stream, UINT32* orientation) {
@@ -38,15 +36,13 @@ UINT32 WINAPI ExifGetPrimaryImage(const WCHAR* path, IStream* stream) {
 
 UINT32 WINAPI ExifGetThumbnailImage(const WCHAR* path, IStream* stream, UINT32* orientation,
                                     UINT32 flag, WCHAR* text, INT32 textLength) {
-    return Guarded(0, [&] {
-        return qmx::RunTextRequest(path, stream, orientation, flag, text, textLength);
-    });
+    return Guarded(
+        0, [&] { return qmx::RunTextRequest(path, stream, orientation, flag, text, textLength); });
 }
 
 UINT32 WINAPI ExifGetInfoTip(const WCHAR* path, WCHAR* text, INT32 textLength) {
-    return Guarded(0, [&] {
-        return qmx::RunTextRequest(path, nullptr, nullptr, 0, text, textLength);
-    });
+    return Guarded(
+        0, [&] { return qmx::RunTextRequest(path, nullptr, nullptr, 0, text, textLength); });
 }
 
 UINT32 WINAPI ExifEnumInfo(const WCHAR* path, ExifEnumCallback callback, INT_PTR user) {
@@ -68,9 +64,8 @@ UINT32 WINAPI ExifGetExifInfo(const WCHAR* path, IStream* stream, InfoRequest* i
 
 UINT32 WINAPI ExifGetExifInfoEx(const WCHAR* path, IStream* stream, UINT32* orientation,
                                 UINT32 flag, InfoRequest* request) {
-    return Guarded(0, [&] {
-        return qmx::DispatchRequest(path, stream, orientation, flag, request);
-    });
+    return Guarded(0,
+                   [&] { return qmx::DispatchRequest(path, stream, orientation, flag, request); });
 }
 
 UINT32 WINAPI ExifDrawDigiText(void) { return 0; }

@@ -23,7 +23,9 @@ bool BeginsWith(const ParseContext& ctx, std::string_view magic) {
            std::memcmp(ctx.cursor, magic.data(), magic.size()) == 0;
 }
 
-void Skip(ParseContext& ctx, std::uint32_t bytes) { SeekTo(ctx, WrappingAdd(Position(ctx), bytes)); }
+void Skip(ParseContext& ctx, std::uint32_t bytes) {
+    SeekTo(ctx, WrappingAdd(Position(ctx), bytes));
+}
 
 // Offsets count from here on.
 void SetBaseHere(ParseContext& ctx) { ctx.tiffBase = static_cast<std::uint32_t>(Position(ctx)); }
@@ -102,6 +104,7 @@ bool EnterSeiko(ParseContext& ctx) { return EnterBehind(ctx, "EPSON", 8); }
 bool EnterKddi(ParseContext& ctx) { return EnterBehind(ctx, "KDDI", 8); }
 
 // Makers without a row have no known form: their notes count as present and stay closed.
+// clang-format off
 constexpr MakerNoteForm kForms[] = {
     {kMakerCanon, EnterAtStart},
     {kMakerNikon, EnterNikon},
@@ -121,6 +124,7 @@ constexpr MakerNoteForm kForms[] = {
     {kMakerKddi, EnterKddi},
     {kMakerHasselblad, EnterAtStart},
 };
+// clang-format on
 
 void ReadMakerNote(ParseContext& ctx, const MakerNoteForm& form, std::uint32_t ifdBase) {
     const OffsetScope restoreOffsets(ctx);

@@ -23,7 +23,8 @@ constexpr MakeTest kTests[] = {
     {"OLYMPUS", Case::kExact, kMakerOlympus},
     {"FUJIFILM", Case::kExact, kMakerFujifilm},
     {"SONY", Case::kExact, kMakerSony},
-    {"Estman", Case::kExact, kMakerKodak},  // Deliberate: no camera writes this, Kodak stays unknown
+    {"Estman", Case::kExact,
+     kMakerKodak},  // Deliberate: no camera writes this, Kodak stays unknown
     {"CASIO", Case::kExact, kMakerCasio},
     {"Panaso", Case::kExact, kMakerPanasonic},
     {"SANYO", Case::kExact, kMakerSanyo},
@@ -38,15 +39,17 @@ constexpr MakeTest kTests[] = {
     {"Hassel", Case::kIgnored, kMakerHasselblad},
 };
 
-constexpr char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+constexpr char ToLower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 bool Passes(const MakeTest& test, std::string_view make) {
     if (make.size() < test.position + test.text.size()) return false;
     for (std::size_t i = 0; i < test.text.size(); ++i) {
         const char found = make[test.position + i];
         const char wanted = test.text[i];
-        const bool same = test.letterCase == Case::kExact ? found == wanted
-                                                          : ToLower(found) == ToLower(wanted);
+        const bool same =
+            test.letterCase == Case::kExact ? found == wanted : ToLower(found) == ToLower(wanted);
         if (!same) return false;
     }
     return true;

@@ -11,9 +11,8 @@
 namespace qmx {
 
 template <class Record>
-inline constexpr bool kFitsMakerFields =
-    std::is_trivially_copyable_v<Record> && sizeof(Record) <= kMakerFieldsSize &&
-    alignof(Record) <= 4;
+inline constexpr bool kFitsMakerFields = std::is_trivially_copyable_v<Record> &&
+                                         sizeof(Record) <= kMakerFieldsSize && alignof(Record) <= 4;
 
 // The maker area with a fresh record in it, each field at the value that its declaration gives.
 template <class Record>

@@ -6,6 +6,8 @@
 namespace qmx {
 namespace {
 
+// clang-format off
+
 // 513 to 526: the compacts that write CRW files.  Their focal lengths are in 1/32 mm; those of
 // 526 pass 999, so both zooms of more than 31 mm share that number.  535, 536: focal lengths in
 // 1/100 mm.  4097 up: EOS bodies, grouped by the layouts of their MakerNotes.
@@ -430,6 +432,8 @@ constexpr ModelRule kLeica[] = {
     {"X2*", 774},
     {"S2*", 775},
 };
+
+// clang-format on
 
 }  // namespace
 

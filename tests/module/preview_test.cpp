@@ -24,9 +24,20 @@ Delivery Deliver(const Bytes& bytes, UINT32 flag = 0, const char* extension = ".
 // The rows of a BMP, after a look at its header.
 Bytes RowsOf(const Bytes& bmp, std::uint32_t width, std::uint32_t height, std::uint32_t rowBytes) {
     const std::uint32_t size = rowBytes * height;
-    const Bytes header = ByteWriter(Order::kLittle).Raw(FromText("BM")).U32(size + 54).U32(0).U32(54)
-                             .U32(40).U32(width).U32(height).U16(1).U16(24).U32(0).U32(size)
-                             .Pad(54).bytes;
+    const Bytes header = ByteWriter(Order::kLittle)
+                             .Raw(FromText("BM"))
+                             .U32(size + 54)
+                             .U32(0)
+                             .U32(54)
+                             .U32(40)
+                             .U32(width)
+                             .U32(height)
+                             .U16(1)
+                             .U16(24)
+                             .U32(0)
+                             .U32(size)
+                             .Pad(54)
+                             .bytes;
     if (bmp.size() != header.size() + size) return {};
     EXPECT_EQ(Bytes(bmp.begin(), bmp.begin() + 54), header);
     return {bmp.begin() + 54, bmp.end()};
@@ -39,9 +50,15 @@ IfdBuilder& Camera(TiffBuilder& tiff, const char* make = "ACME", const char* mod
 // An uncompressed picture behind the camera's directory.
 IfdBuilder& AddStrip(TiffBuilder& tiff, std::uint32_t width, std::uint32_t height,
                      std::uint32_t photometric, const Bytes& pixels) {
-    return tiff.Ifd().Long(0x0100, {width}).Long(0x0101, {height}).Short(0x0102, {8, 8, 8})
-        .Short(0x0103, {1}).Short(0x0106, {photometric}).Data(0x0111, pixels)
-        .Long(0x0117, {static_cast<std::uint32_t>(pixels.size())}).Short(0x011C, {1});
+    return tiff.Ifd()
+        .Long(0x0100, {width})
+        .Long(0x0101, {height})
+        .Short(0x0102, {8, 8, 8})
+        .Short(0x0103, {1})
+        .Short(0x0106, {photometric})
+        .Data(0x0111, pixels)
+        .Long(0x0117, {static_cast<std::uint32_t>(pixels.size())})
+        .Short(0x011C, {1});
 }
 
 TEST(Preview, ChoosesTheSmallestOrTheLargest) {
@@ -66,8 +83,12 @@ TEST(Preview, ComesFromStripsAndSubIfdsToo) {
     TiffBuilder tiff;
     IfdBuilder& sub = tiff.SubIfd();
     Camera(tiff).Link(0x014A, {&sub});
-    sub.Long(0x0100, {16}).Long(0x0101, {8}).Short(0x0102, {8}).Short(0x0103, {6})
-        .Data(0x0111, jpeg).Long(0x0117, {static_cast<std::uint32_t>(jpeg.size())});
+    sub.Long(0x0100, {16})
+        .Long(0x0101, {8})
+        .Short(0x0102, {8})
+        .Short(0x0103, {6})
+        .Data(0x0111, jpeg)
+        .Long(0x0117, {static_cast<std::uint32_t>(jpeg.size())});
     const Delivery delivery = Deliver(tiff.Build());
     Bytes patched = jpeg;
     patched[0] = 0xFF;
@@ -79,8 +100,9 @@ TEST(Preview, RgbBecomesABottomUpBitmap) {
     TiffBuilder tiff(Order::kBig);
     Camera(tiff);
     AddStrip(tiff, 3, 2, 2, {1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 12, 13, 14, 15, 16, 17, 18, 19});
-    EXPECT_EQ(RowsOf(Deliver(tiff.Build()).bytes, 3, 2, 12),
-              (Bytes{13, 12, 11, 16, 15, 14, 19, 18, 17, 0, 0, 0, 3, 2, 1, 6, 5, 4, 9, 8, 7, 0, 0, 0}));
+    EXPECT_EQ(
+        RowsOf(Deliver(tiff.Build()).bytes, 3, 2, 12),
+        (Bytes{13, 12, 11, 16, 15, 14, 19, 18, 17, 0, 0, 0, 3, 2, 1, 6, 5, 4, 9, 8, 7, 0, 0, 0}));
 }
 
 TEST(Preview, MamiyaRgbIsEqualised) {
@@ -106,7 +128,7 @@ TEST(Preview, YCbCrIsReadInGroupsOfTwoPixels) {
         if (withWeights) ifd.Rational(0x0211, {{299, 1000}, {587, 1000}, {114, 1000}});
         const Bytes rows = RowsOf(Deliver(tiff.Build()).bytes, 3, 2, 12);
         // Truncated, not rounded: the green of the grey 100 comes to 99.99.
-        EXPECT_EQ(rows, (Bytes{0, 84, 50, 0, 94, 60, 70, 70, 70, 0, 0, 0,  //
+        EXPECT_EQ(rows, (Bytes{0,   84, 50,  0,   94,  60,  70,  70, 70,  0, 0, 0,  //
                                100, 99, 100, 110, 110, 110, 120, 48, 255, 0, 0, 0}));
     }
 }
@@ -173,8 +195,13 @@ TEST(Preview, OfRafIsTheEmbeddedJpeg) {
     Bytes jpeg = ExifJpeg(tiff.Build());
     jpeg[0] = 0;  // repaired on the way out
     const auto wrap = [&](std::uint32_t length) {
-        return ByteWriter(Order::kBig).Raw(FromText("FUJIFILM")).Pad(84).U32(92).U32(length)
-            .Raw(jpeg).bytes;
+        return ByteWriter(Order::kBig)
+            .Raw(FromText("FUJIFILM"))
+            .Pad(84)
+            .U32(92)
+            .U32(length)
+            .Raw(jpeg)
+            .bytes;
     };
     const auto size = static_cast<std::uint32_t>(jpeg.size());
     EXPECT_EQ(Deliver(wrap(size), 0, ".raf").bytes, thumbnail);

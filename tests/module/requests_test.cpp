@@ -19,10 +19,18 @@ Bytes Photo() {
     IfdBuilder& ifd = tiff.Ifd();
     IfdBuilder& exif = tiff.SubIfd();
     ifd.Ascii(0x010F, "ACME").Ascii(0x0110, "One").Short(0x0112, {6}).Link(0x8769, {&exif});
-    exif.Rational(0x829A, {{1, 250}}).Rational(0x829D, {{28, 5}}).Short(0x8822, {2})
-        .Short(0x8827, {200}).Ascii(0x9003, "2008:07:31 12:34:56").SRational(0x9204, {{1, 3}})
-        .Short(0x9209, {1}).Long(0xA002, {640}).Long(0xA003, {480});
-    tiff.Ifd().Short(0x0103, {6}).Data(0x0201, kThumbnail)
+    exif.Rational(0x829A, {{1, 250}})
+        .Rational(0x829D, {{28, 5}})
+        .Short(0x8822, {2})
+        .Short(0x8827, {200})
+        .Ascii(0x9003, "2008:07:31 12:34:56")
+        .SRational(0x9204, {{1, 3}})
+        .Short(0x9209, {1})
+        .Long(0xA002, {640})
+        .Long(0xA003, {480});
+    tiff.Ifd()
+        .Short(0x0103, {6})
+        .Data(0x0201, kThumbnail)
         .Long(0x0202, {static_cast<std::uint32_t>(kThumbnail.size())});
     return ExifJpeg(tiff.Build());
 }
@@ -97,7 +105,8 @@ TEST(Thumbnail, MissingFailsTheRequestAndTouchesNothing) {
     record.longText = nullptr;
     record.shortText = nullptr;
     const InfoRequest before = record;
-    EXPECT_EQ(Library().getThumbnailImage(file.path(), &stream, &orientation, 0, text.data(), 9), 0u);
+    EXPECT_EQ(Library().getThumbnailImage(file.path(), &stream, &orientation, 0, text.data(), 9),
+              0u);
     EXPECT_EQ(Library().getExifInfoEx(file.path(), &stream, &orientation, 0, &record), 0u);
     EXPECT_TRUE(text.Untouched());
     EXPECT_EQ(orientation, 99u);
@@ -214,9 +223,10 @@ TEST(RawFiles, AreChosenByExtensionFlagAndStream) {
         UINT32 result;
     };
     const Case cases[] = {
-        {"a.jpg", 1, true, 1}, {"a.raw", 0, true, 0},  {"a.RAW", 1, true, 0}, {"a.raw", 0, false, 1},
-        {"a.erf", 0, true, 1}, {"a.ERF", 1, true, 0},  {"a.3fr", 1, true, 0}, {"a.3FR", 0, true, 1},
-        {"a.raw.x", 1, true, 1}, {"a.raw x", 1, true, 1}, {"raw", 1, true, 1}, {"a.erfx", 1, true, 1},
+        {"a.jpg", 1, true, 1},   {"a.raw", 0, true, 0}, {"a.RAW", 1, true, 0},
+        {"a.raw", 0, false, 1},  {"a.erf", 0, true, 1}, {"a.ERF", 1, true, 0},
+        {"a.3fr", 1, true, 0},   {"a.3FR", 0, true, 1}, {"a.raw.x", 1, true, 1},
+        {"a.raw x", 1, true, 1}, {"raw", 1, true, 1},   {"a.erfx", 1, true, 1},
     };
     for (const Case& c : cases) {
         const TestFile file(Photo(), c.name);
@@ -243,14 +253,22 @@ TEST(IsExifFile, LooksAtTheStartOnly) {
         UINT32 answer;
     };
     const Case cases[] = {
-        {"a.tif", withExif.Build(), 1},  {"b.nef", without.Build(), 0},
-        {"c.crw", heap, 1},              {"d.CRW", heap, 1},
-        {"e.tif", heap, 0},              {"f.jpg", exifJpeg, 1},
-        {"g.txt", exifJpeg, 1},          {"h.jpg", xmpJpeg, 0},
-        {"i.jpg", {0xFF, 0xD8, 0xFF, 0xD9}, 0}, {"j.mrw", FromText({"\0MRM", 4}), 1},
-        {"k.jpg", FromText({"\0MRM", 4}), 0},   {"l.RAF", FromText("FUJIFILM"), 1},
-        {"m.raw", FromText("FUJIFILM"), 0},     {"n.x3f", FromText("FOVb"), 1},
-        {"o.x3f", FromText("FOVc"), 0},         {"p.tif", {'I', 'I', 42, 0, 0, 0, 0, 0}, 0},
+        {"a.tif", withExif.Build(), 1},
+        {"b.nef", without.Build(), 0},
+        {"c.crw", heap, 1},
+        {"d.CRW", heap, 1},
+        {"e.tif", heap, 0},
+        {"f.jpg", exifJpeg, 1},
+        {"g.txt", exifJpeg, 1},
+        {"h.jpg", xmpJpeg, 0},
+        {"i.jpg", {0xFF, 0xD8, 0xFF, 0xD9}, 0},
+        {"j.mrw", FromText({"\0MRM", 4}), 1},
+        {"k.jpg", FromText({"\0MRM", 4}), 0},
+        {"l.RAF", FromText("FUJIFILM"), 1},
+        {"m.raw", FromText("FUJIFILM"), 0},
+        {"n.x3f", FromText("FOVb"), 1},
+        {"o.x3f", FromText("FOVc"), 0},
+        {"p.tif", {'I', 'I', 42, 0, 0, 0, 0, 0}, 0},
         {"q.tif", {'M', 'M'}, 0},
     };
     for (const Case& c : cases) {
@@ -287,7 +305,8 @@ TEST(Paths, OfAnyLanguageAndLengthOpen) {
     ASSERT_GT((deep / "long.jpg").u16string().size(), 260u);
     EXPECT_EQ(AskFor(widen((deep / "long.jpg").u16string()).data()).result, 1u);
     MemoryStream stream;
-    EXPECT_EQ(Library().getPrimaryImage(widen((deep / "long.raw").u16string()).data(), &stream), 0u);
+    EXPECT_EQ(Library().getPrimaryImage(widen((deep / "long.raw").u16string()).data(), &stream),
+              0u);
     EXPECT_EQ(AskFor(widen((deep / "long.raw").u16string()).data()).result, 1u);
 }
 

@@ -70,13 +70,13 @@ typedef struct IStreamVtbl {
     HRESULT (*Write)(IStream* self, const void* bytes, ULONG length, ULONG* written);
     HRESULT (*Seek)(IStream* self, LARGE_INTEGER move, DWORD origin, ULARGE_INTEGER* position);
     HRESULT (*SetSize)(IStream* self, ULARGE_INTEGER size);
-    HRESULT (*CopyTo)
+    HRESULT(*CopyTo)
     (IStream* self, IStream* target, ULARGE_INTEGER length, ULARGE_INTEGER* read,
      ULARGE_INTEGER* written);
     HRESULT (*Commit)(IStream* self, DWORD flags);
     HRESULT (*Revert)(IStream* self);
     HRESULT (*LockRegion)(IStream* self, ULARGE_INTEGER offset, ULARGE_INTEGER length, DWORD type);
-    HRESULT (*UnlockRegion)
+    HRESULT(*UnlockRegion)
     (IStream* self, ULARGE_INTEGER offset, ULARGE_INTEGER length, DWORD type);
     HRESULT (*Stat)(IStream* self, STATSTG* state, DWORD flags);
     HRESULT (*Clone)(IStream* self, IStream** stream);

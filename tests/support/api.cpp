@@ -51,8 +51,8 @@ Api Load() {
 unsigned long ProcessId() { return GetCurrentProcessId(); }
 #else
 Api Load() {
-    return {ExifGetThumbsnail, ExifGetPrimaryImageEx, ExifGetPrimaryImage,   ExifGetThumbnailImage,
-            ExifGetInfoTip,    ExifEnumInfo,          ExifIsExifFile,        ExifGetDateTimeString,
+    return {ExifGetThumbsnail, ExifGetPrimaryImageEx, ExifGetPrimaryImage, ExifGetThumbnailImage,
+            ExifGetInfoTip,    ExifEnumInfo,          ExifIsExifFile,      ExifGetDateTimeString,
             ExifGetExifInfo,   ExifGetExifInfoEx,     ExifDrawDigiText};
 }
 
@@ -100,13 +100,17 @@ TestFile::TestFile(const Bytes& bytes, const std::string& name) : folder_(NewFol
 
 TestFile::~TestFile() {
     std::error_code ignored;
+#ifdef _WIN32
+    // A test may have put paths of more than 260 characters below the folder.
+    std::filesystem::remove_all(std::filesystem::path(u"\\\\?\\" + folder_.u16string()), ignored);
+#else
     std::filesystem::remove_all(folder_, ignored);
+#endif
 }
 
 Listing ListOf(const wchar_t* path) {
     Listing listing;
-    const UINT32 result =
-        Library().enumInfo(path, Collect, reinterpret_cast<INT_PTR>(&listing));
+    const UINT32 result = Library().enumInfo(path, Collect, reinterpret_cast<INT_PTR>(&listing));
     if (result != 1) listing.push_back(result == 0xFFFFFFFF ? "failed" : "wrong result");
     return listing;
 }

@@ -22,23 +22,39 @@ Bytes WithNote(Order order, const char* make, const char* model, const Bytes& no
 Bytes Uncompressed(Order order, const char* make, std::uint32_t photometric) {
     TiffBuilder tiff(order);
     tiff.Ifd().Ascii(0x010F, make).Ascii(0x0110, "ZD").Short(0x0112, {3});
-    tiff.Ifd().Long(0x0100, {3}).Long(0x0101, {2}).Short(0x0102, {8, 8, 8}).Short(0x0103, {1})
-        .Short(0x0106, {photometric}).Data(0x0111, Bytes(18, 99)).Long(0x0117, {9, 9})
-        .Short(0x011C, {1}).Rational(0x0211, {{299, 1000}, {587, 1000}, {114, 1000}})
+    tiff.Ifd()
+        .Long(0x0100, {3})
+        .Long(0x0101, {2})
+        .Short(0x0102, {8, 8, 8})
+        .Short(0x0103, {1})
+        .Short(0x0106, {photometric})
+        .Data(0x0111, Bytes(18, 99))
+        .Long(0x0117, {9, 9})
+        .Short(0x011C, {1})
+        .Rational(0x0211, {{299, 1000}, {587, 1000}, {114, 1000}})
         .Short(0x0212, {2, 1});
     return tiff.Build();
 }
 
 Bytes Raf() {
     const Bytes jpeg = FullPhoto(Order::kLittle);
-    return ByteWriter(Order::kBig).Raw(FromText("FUJIFILMCCD-RAW ")).Pad(84).U32(100)
-        .U32(SizeOf(jpeg)).Pad(100).Raw(jpeg).bytes;
+    return ByteWriter(Order::kBig)
+        .Raw(FromText("FUJIFILMCCD-RAW "))
+        .Pad(84)
+        .U32(100)
+        .U32(SizeOf(jpeg))
+        .Pad(100)
+        .Raw(jpeg)
+        .bytes;
 }
 
 Bytes PanasonicRaw() {
     TiffBuilder tiff;
-    tiff.Ifd().Short(0x0017, {100}).Undefined(0x002E, JpegStream({}, 1920, 1440))
-        .Ascii(0x010F, "Panasonic").Ascii(0x0110, "DMC-LX3");
+    tiff.Ifd()
+        .Short(0x0017, {100})
+        .Undefined(0x002E, JpegStream({}, 1920, 1440))
+        .Ascii(0x010F, "Panasonic")
+        .Ascii(0x0110, "DMC-LX3");
     return tiff.Build();
 }
 
@@ -51,18 +67,38 @@ Bytes FullPhoto(Order order) {
     IfdBuilder& exif = tiff.SubIfd();
     IfdBuilder& gps = tiff.SubIfd();
     IfdBuilder& sub = tiff.SubIfd();
-    ifd.Ascii(0x010F, "Panasonic").Ascii(0x0110, "DMC-FZ30").Short(0x0112, {6})
-        .Ascii(0x0131, "Ver.1.0").Link(0x014A, {&sub, &sub}).Link(0x8769, {&exif})
+    ifd.Ascii(0x010F, "Panasonic")
+        .Ascii(0x0110, "DMC-FZ30")
+        .Short(0x0112, {6})
+        .Ascii(0x0131, "Ver.1.0")
+        .Link(0x014A, {&sub, &sub})
+        .Link(0x8769, {&exif})
         .Link(0x8825, {&gps});
-    exif.Rational(0x829A, {{1, 250}}).Rational(0x829D, {{28, 10}}).Short(0x8822, {2})
-        .Short(0x8827, {200}).Ascii(0x9003, "2008:07:31 12:34:56").SRational(0x9201, {{8, 1}})
-        .SRational(0x9204, {{1, 3}}).Short(0x9209, {25}).Rational(0x920A, {{74, 10}})
+    exif.Rational(0x829A, {{1, 250}})
+        .Rational(0x829D, {{28, 10}})
+        .Short(0x8822, {2})
+        .Short(0x8827, {200})
+        .Ascii(0x9003, "2008:07:31 12:34:56")
+        .SRational(0x9201, {{8, 1}})
+        .SRational(0x9204, {{1, 3}})
+        .Short(0x9209, {25})
+        .Rational(0x920A, {{74, 10}})
         .Undefined(0x927C, FromText("Panasonic") + Bytes(3) + NoteDirectory(order))
-        .Short(0xA001, {1}).Short(0xA402, {0}).Short(0xA403, {1}).Rational(0xA404, {{2, 1}});
-    gps.Ascii(1, "N").Rational(2, {{35, 1}, {39, 1}, {2915, 100}})
-        .Rational(7, {{3, 1}, {4, 1}, {11, 2}}).Ascii(29, "2008:07:31");
-    sub.Long(0x0100, {2}).Long(0x0101, {2}).Short(0x0102, {8, 8, 8}).Short(0x0103, {1})
-        .Short(0x0106, {2}).Data(0x0111, Bytes(12, 9)).Long(0x0117, {6, 6});
+        .Short(0xA001, {1})
+        .Short(0xA402, {0})
+        .Short(0xA403, {1})
+        .Rational(0xA404, {{2, 1}});
+    gps.Ascii(1, "N")
+        .Rational(2, {{35, 1}, {39, 1}, {2915, 100}})
+        .Rational(7, {{3, 1}, {4, 1}, {11, 2}})
+        .Ascii(29, "2008:07:31");
+    sub.Long(0x0100, {2})
+        .Long(0x0101, {2})
+        .Short(0x0102, {8, 8, 8})
+        .Short(0x0103, {1})
+        .Short(0x0106, {2})
+        .Data(0x0111, Bytes(12, 9))
+        .Long(0x0117, {6, 6});
     tiff.Ifd().Data(0x0201, thumbnail).Long(0x0202, {SizeOf(thumbnail)});
     return ExifJpeg(tiff.Build());
 }
@@ -85,8 +121,8 @@ std::vector<SeedFile> SeedFiles() {
         {"fujifilm.raf", Raf()},
         {"panasonic.rw2", PanasonicRaw()},
         {"canon.jpg", WithNote(kLittle, "Canon", "Canon EOS 5D", little)},
-        {"nikon.jpg", WithNote(kLittle, "NIKON", "NIKON D70",
-                               note("Nikon\0\2\0\0\0MM\0*\0\0\0\10"sv, big))},
+        {"nikon.jpg",
+         WithNote(kLittle, "NIKON", "NIKON D70", note("Nikon\0\2\0\0\0MM\0*\0\0\0\10"sv, big))},
         {"olympus.jpg", WithNote(kBig, "OLYMPUS", "E-3", note("OLYMPUS\0II\3\0"sv, little))},
         {"fujifilm.jpg", WithNote(kBig, "FUJIFILM", "X100", note("FUJIFILM\14\0\0\0"sv, little))},
         {"pentax.jpg", WithNote(kLittle, "PENTAX", "K10D", note("AOC\0MM"sv, big))},

@@ -208,8 +208,8 @@ Bytes Segment(std::uint8_t marker, const Bytes& data) {
 }
 
 Bytes JpegStream(const Bytes& segments, std::uint16_t width, std::uint16_t height) {
-    const Bytes frame = ByteWriter(Order::kBig).U8(8).U16(height).U16(width).U8(1).U8(1).U8(0x11)
-                            .U8(0).bytes;
+    const Bytes frame =
+        ByteWriter(Order::kBig).U8(8).U16(height).U16(width).U8(1).U8(1).U8(0x11).U8(0).bytes;
     const Bytes scan = {1, 1, 0, 0, 63, 0};
     return Bytes{0xFF, 0xD8} + segments + Segment(0xC0, frame) + Segment(0xDA, scan) +
            Bytes{0x12, 0xFF, 0x00, 0x34, 0xFF, 0xD0, 0x56, 0xFF, 0xD9};

@@ -85,12 +85,11 @@ TEST(Cursor, FindsValuesInlineOrByOffset) {
         bool inside;
     };
     const Case cases[] = {
-        {3, 2, 0, true},            // 4 bytes stand in the field
-        {3, 3, 6, true},            // 6 do not
-        {99, 4, 0, true},           // unknown types count one byte
-        {5, 1, 6, true},
-        {12, 0x20000001, 6, true},  // 8 x count wraps to 8
-        {5, 0x10000000, 0, true},   // wraps below zero: inline
+        {3, 2, 0, true},                                      // 4 bytes stand in the field
+        {3, 3, 6, true},                                      // 6 do not
+        {99, 4, 0, true},                                     // unknown types count one byte
+        {5, 1, 6, true},          {12, 0x20000001, 6, true},  // 8 x count wraps to 8
+        {5, 0x10000000, 0, true},                             // wraps below zero: inline
     };
     for (const Case& c : cases) {
         BytesContext context(bytes);
@@ -108,8 +107,10 @@ TEST(Cursor, CopiesTextsWithinTheirFields) {
         const char* text;
     };
     const Case cases[] = {
-        {"abc", 3, "abc"},   {"abcdefgh", 8, "abcdefg"},  {"   ", 3, ""}, {"  x", 3, "  x"},
-        {"ab", 9, "ab"},     {"abc", 0, ""},              {"", 5, ""},    {"abc", 0xFFFFFFFF, "abc"},
+        {"abc", 3, "abc"}, {"abcdefgh", 8, "abcdefg"},
+        {"   ", 3, ""},    {"  x", 3, "  x"},
+        {"ab", 9, "ab"},   {"abc", 0, ""},
+        {"", 5, ""},       {"abc", 0xFFFFFFFF, "abc"},
     };
     for (const Case& c : cases) {
         BytesContext context(FromText(c.source));

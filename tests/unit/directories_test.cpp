@@ -40,17 +40,38 @@ TEST(ResetRecord, HoldsTheSentinels) {
 TEST(ExifDirectory, ReadsItsValuesInBothOrders) {
     for (const Order order : kOrders) {
         const ImageInfo info = InfoOf(order, [](IfdBuilder& exif) {
-            exif.Rational(0x829A, {{1, 250}}).Rational(0x829D, {{28, 10}}).Short(0x8822, {3})
-                .Short(0x8827, {200}).Ascii(0x9003, "2008:07:31 12:34:56")
-                .Ascii(0x9004, "2008:07:31 12:34:57").SRational(0x9201, {{8, 1}})
-                .Rational(0x9202, {{4, 1}}).SRational(0x9203, {{-5, 2}})
-                .SRational(0x9204, {{-1, 3}}).Rational(0x9205, {{2, 1}}).Rational(0x9206, {{5, 2}})
-                .Short(0x9207, {5}).Short(0x9208, {10}).Short(0x9209, {25})
-                .Rational(0x920A, {{50, 1}}).Short(0xA001, {1}).Long(0xA002, {4000})
-                .Short(0xA003, {3000}).Rational(0xA20E, {{3000, 1}}).Rational(0xA20F, {{2000, 1}})
-                .Short(0xA210, {3}).Short(0xA402, {1}).Short(0xA403, {0}).Rational(0xA404, {{2, 1}})
-                .Short(0xA405, {75}).Short(0xA406, {2}).Short(0xA407, {3}).Short(0xA408, {1})
-                .Short(0xA409, {2}).Short(0xA40A, {0}).Short(0xA40C, {3})
+            exif.Rational(0x829A, {{1, 250}})
+                .Rational(0x829D, {{28, 10}})
+                .Short(0x8822, {3})
+                .Short(0x8827, {200})
+                .Ascii(0x9003, "2008:07:31 12:34:56")
+                .Ascii(0x9004, "2008:07:31 12:34:57")
+                .SRational(0x9201, {{8, 1}})
+                .Rational(0x9202, {{4, 1}})
+                .SRational(0x9203, {{-5, 2}})
+                .SRational(0x9204, {{-1, 3}})
+                .Rational(0x9205, {{2, 1}})
+                .Rational(0x9206, {{5, 2}})
+                .Short(0x9207, {5})
+                .Short(0x9208, {10})
+                .Short(0x9209, {25})
+                .Rational(0x920A, {{50, 1}})
+                .Short(0xA001, {1})
+                .Long(0xA002, {4000})
+                .Short(0xA003, {3000})
+                .Rational(0xA20E, {{3000, 1}})
+                .Rational(0xA20F, {{2000, 1}})
+                .Short(0xA210, {3})
+                .Short(0xA402, {1})
+                .Short(0xA403, {0})
+                .Rational(0xA404, {{2, 1}})
+                .Short(0xA405, {75})
+                .Short(0xA406, {2})
+                .Short(0xA407, {3})
+                .Short(0xA408, {1})
+                .Short(0xA409, {2})
+                .Short(0xA40A, {0})
+                .Short(0xA40C, {3})
                 .Rational(0xA500, {{22, 10}});
         });
         EXPECT_FLOAT_EQ(info.exposureTime, 0.004f);
@@ -104,7 +125,8 @@ TEST(ExifDirectory, FollowsItsSpecialRules) {
         {"gain 25", [](IfdBuilder& e) { e.Short(0x8827, {25}); }, iso, 5000},
         {"ISO 50", [](IfdBuilder& e) { e.Short(0x8827, {50}); }, iso, 50},
         {"ISO 0", [](IfdBuilder& e) { e.Short(0x8827, {0}); }, iso, 0},
-        {"ISO count 0 is still read", [](IfdBuilder& e) { e.Raw(0x8827, 3, 0, 100 << 16); }, iso, 100},
+        {"ISO count 0 is still read", [](IfdBuilder& e) { e.Raw(0x8827, 3, 0, 100 << 16); }, iso,
+         100},
         {"index after ISO", [](IfdBuilder& e) { e.Short(0x8827, {100}).Short(0xA215, {400}); }, iso,
          100},
         {"ISO after index", [](IfdBuilder& e) { e.Short(0xA215, {400}).Short(0x8827, {100}); }, iso,
@@ -132,10 +154,18 @@ TEST(GpsDirectory, ReadsPositionAndTime) {
         IfdBuilder& ifd = tiff.Ifd();
         IfdBuilder& gps = tiff.SubIfd();
         ifd.Ascii(0x010F, "ACME").Link(0x8825, {&gps});
-        gps.Byte(0, {2, 3, 0, 0}).Ascii(1, "N").Rational(2, {{35, 1}, {39, 1}, {2915, 100}})
-            .Ascii(3, "E").Rational(4, {{0, 1}, {30, 1}, {0, 1}}).Byte(5, {1}).Rational(6, {{40, 1}})
-            .Rational(7, {{3, 1}, {4, 1}, {11, 2}}).Ascii(8, "0123456789").Ascii(18, "WGS-84")
-            .Ascii(29, "2008:07:31").Ascii(30, "ignored");
+        gps.Byte(0, {2, 3, 0, 0})
+            .Ascii(1, "N")
+            .Rational(2, {{35, 1}, {39, 1}, {2915, 100}})
+            .Ascii(3, "E")
+            .Rational(4, {{0, 1}, {30, 1}, {0, 1}})
+            .Byte(5, {1})
+            .Rational(6, {{40, 1}})
+            .Rational(7, {{3, 1}, {4, 1}, {11, 2}})
+            .Ascii(8, "0123456789")
+            .Ascii(18, "WGS-84")
+            .Ascii(29, "2008:07:31")
+            .Ascii(30, "ignored");
         const ImageInfo info = Parse(tiff.Build()).info;
         EXPECT_EQ(info.hasGps, 1);
         EXPECT_EQ(info.gpsVersionId[1], 3);
@@ -155,7 +185,10 @@ TEST(GpsDirectory, ReadsPositionAndTime) {
 
 TEST(Ifd, KeepsTextsTerminatedAndTheFirstOrientation) {
     TiffBuilder tiff;
-    tiff.Ifd().Ascii(0x010F, "ACME").Undefined(0x0131, Bytes(70, 'x')).Undefined(0x0132, Bytes(32, 'y'))
+    tiff.Ifd()
+        .Ascii(0x010F, "ACME")
+        .Undefined(0x0131, Bytes(70, 'x'))
+        .Undefined(0x0132, Bytes(32, 'y'))
         .Short(0x0112, {6});
     tiff.Ifd().Short(0x0112, {3}).Short(0x0017, {400});
     const ImageInfo info = Parse(tiff.Build()).info;
@@ -262,8 +295,14 @@ TEST(Container, RafIsFujifilmBeforeAnyTag) {
     TiffBuilder tiff;
     tiff.Ifd().Ascii(0x010F, "ACME");
     const Bytes jpeg = ExifJpeg(tiff.Build());
-    const Bytes raf = ByteWriter(Order::kBig).Raw(FromText("FUJIFILMCCD-RAW ")).Pad(84).U32(100)
-                          .U32(static_cast<std::uint32_t>(jpeg.size())).Pad(100).Raw(jpeg).bytes;
+    const Bytes raf = ByteWriter(Order::kBig)
+                          .Raw(FromText("FUJIFILMCCD-RAW "))
+                          .Pad(84)
+                          .U32(100)
+                          .U32(static_cast<std::uint32_t>(jpeg.size()))
+                          .Pad(100)
+                          .Raw(jpeg)
+                          .bytes;
     const Parsed parsed = Parse(raf);
     EXPECT_TRUE(parsed.parsed);
     EXPECT_EQ(parsed.info.makerId, kMakerFujifilm);

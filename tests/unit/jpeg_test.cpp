@@ -46,8 +46,7 @@ TEST(Jpeg, FindsTheFrameHeaderBehindEverySegment) {
 TEST(Jpeg, MeasuresUpToTheEndOfImage) {
     const Bytes stream = JpegStream(kQuantisation, 8, 8);
     const Bytes twoScans = Bytes{0xFF, 0xD8} + Segment(0xDA, Bytes(6)) + Bytes{1, 0xFF} +
-                           Segment(0xC4, Bytes(3)) + Segment(0xDA, Bytes(6)) +
-                           Bytes{2, 0xFF, 0xD9};
+                           Segment(0xC4, Bytes(3)) + Segment(0xDA, Bytes(6)) + Bytes{2, 0xFF, 0xD9};
     const Bytes unended(stream.begin(), stream.end() - 2);
     struct Case {
         const char* name;

@@ -42,9 +42,7 @@ std::uint32_t ProbeExifFile(ParseContext& ctx, const wchar_t* path) {
         case Container::kMrw: return isNamed(".mrw");
         case Container::kRaf: return isNamed(".raf");
         case Container::kX3f: return isNamed(".x3f");
-        case Container::kJpeg:
-            SeekTo(ctx, WrappingAdd(start, 2));
-            return FindExifSegment(ctx);
+        case Container::kJpeg: SeekTo(ctx, WrappingAdd(start, 2)); return FindExifSegment(ctx);
         default: return 0;
     }
 }

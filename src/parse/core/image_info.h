@@ -57,14 +57,14 @@ struct ImageInfo {
     std::int32_t exposureProgram = INT_UNSET;
     char dateTimeOriginal[32] = {};
     char dateTimeDigitized[32] = {};
-    std::int32_t flash = INT_UNSET;     // bit 0 = fired
-    float exposureTime = FLOAT_UNSET;   // seconds
+    std::int32_t flash = INT_UNSET;    // bit 0 = fired
+    float exposureTime = FLOAT_UNSET;  // seconds
     float fNumber = FLOAT_UNSET;
-    float shutterSpeed = FLOAT_UNSET;   // seconds, from the APEX value
-    float aperture = FLOAT_UNSET;       // f-number, from the APEX value
-    float brightness = FLOAT_UNSET;     // APEX
-    float exposureBias = FLOAT_UNSET;   // EV
-    float maxAperture = FLOAT_UNSET;    // f-number
+    float shutterSpeed = FLOAT_UNSET;     // seconds, from the APEX value
+    float aperture = FLOAT_UNSET;         // f-number, from the APEX value
+    float brightness = FLOAT_UNSET;       // APEX
+    float exposureBias = FLOAT_UNSET;     // EV
+    float maxAperture = FLOAT_UNSET;      // f-number
     float subjectDistance = FLOAT_UNSET;  // metres
     std::int32_t meteringMode = INT_UNSET;
     std::int32_t lightSource = INT_UNSET;
@@ -95,8 +95,8 @@ struct ImageInfo {
     float gpsLatitude[3] = {FLOAT_UNSET, 0, 0};  // degrees, minutes, seconds
     char gpsLongitudeRef[4] = {};
     float gpsLongitude[3] = {FLOAT_UNSET, 0, 0};
-    std::uint8_t gpsAltitudeRef = 0;  // 1 = below sea level
-    float gpsAltitude = FLOAT_UNSET;  // metres
+    std::uint8_t gpsAltitudeRef = 0;              // 1 = below sea level
+    float gpsAltitude = FLOAT_UNSET;              // metres
     float gpsTimeStamp[3] = {FLOAT_UNSET, 0, 0};  // hours, minutes, seconds, UTC
     char gpsSatellites[8] = {};
     char gpsMapDatum[32] = {};

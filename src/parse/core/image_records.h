@@ -19,11 +19,11 @@ enum : std::int32_t {
 };
 
 struct ImageRecord {
-    std::int32_t width;   // pixels
+    std::int32_t width;  // pixels
     std::int32_t height;
     std::int32_t samplesPerPixel;
-    std::int32_t bitsPerSample;   // of the first sample
-    std::uint32_t stripOffset;    // position in the file
+    std::int32_t bitsPerSample;  // of the first sample
+    std::uint32_t stripOffset;   // position in the file
     std::int32_t orientation;
     std::uint32_t stripByteCount;  // of all strips together
     std::int32_t rowsPerStrip;

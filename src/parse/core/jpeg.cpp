@@ -15,8 +15,8 @@ constexpr char kExifIdentifier[6] = {'E', 'x', 'i', 'f', 0, 0};
 bool SkipEntropyCodedData(ParseContext& ctx) {
     const std::uint8_t* from = ctx.cursor;
     for (;;) {
-        const auto* mark = static_cast<const std::uint8_t*>(
-            std::memchr(ctx.cursor, 0xFF, BytesLeft(ctx)));
+        const auto* mark =
+            static_cast<const std::uint8_t*>(std::memchr(ctx.cursor, 0xFF, BytesLeft(ctx)));
         if (mark == nullptr || ctx.readEnd - mark < 2) break;
         ctx.cursor = mark;
         const std::uint8_t code = mark[1];

@@ -28,7 +28,8 @@ HANDLE OpenExtendedLength(const wchar_t* path) {
     const DWORD length = GetFullPathNameW(path, room, full, nullptr);
     if (length == 0 || length >= room) return INVALID_HANDLE_VALUE;
 
-    const bool device = full[0] == L'\\' && full[1] == L'\\' && (full[2] == L'?' || full[2] == L'.');
+    const bool device =
+        full[0] == L'\\' && full[1] == L'\\' && (full[2] == L'?' || full[2] == L'.');
     if (device) return OpenForReading(full);
     const bool network = full[0] == L'\\' && full[1] == L'\\';
     const wchar_t* prefix = network ? kNetwork : kLocal;

@@ -28,7 +28,7 @@ struct ParseContext {
     ImageRecordList imageRecords;
     std::int32_t thumbWidth = 0;
     std::int32_t thumbHeight = 0;
-    std::int32_t thumbOffset = 0;  // from the container's start
+    std::int32_t thumbOffset = 0;   // from the container's start
     std::uint32_t thumbLength = 0;  // 0: none found
     std::int32_t thumbPlanar = 0;   // nonzero: three planes instead of pixels
     std::int32_t thumbOrientation = 0;
@@ -41,8 +41,8 @@ struct ParseContext {
     // End of what may be read: the view's end, or its base once the work budget is spent, from
     // when on everything reads as the end of the file.
     const std::uint8_t* readEnd = nullptr;
-    std::int64_t workLeft = 0;      // bytes that directories and probes may still visit
-    std::uint32_t ifdDepth = 0;     // nesting of SubIFDs
+    std::int64_t workLeft = 0;           // bytes that directories and probes may still visit
+    std::uint32_t ifdDepth = 0;          // nesting of SubIFDs
     std::uint8_t* workBuffer = nullptr;  // see AllocateWorkBuffer
 
     ParseContext() { filePath[0] = 0; }

@@ -18,8 +18,9 @@ const wchar_t* FindExtension(const wchar_t* path) {
 bool HasExtension(const wchar_t* path, std::string_view extension) {
     const wchar_t* found = FindExtension(path);
     for (const char wanted : extension) {
-        const wchar_t lower = *found >= L'A' && *found <= L'Z' ? *found + (L'a' - L'A') : *found;
-        if (lower != wanted) return false;
+        const bool upper = *found >= L'A' && *found <= L'Z';
+        const int lower = upper ? *found + (L'a' - L'A') : *found;
+        if (lower != static_cast<unsigned char>(wanted)) return false;
         ++found;
     }
     return *found == 0;

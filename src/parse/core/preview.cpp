@@ -17,9 +17,7 @@ void Write(ParseContext& ctx, const void* bytes, std::uint32_t length) {
     ctx.outStream->Write(bytes, length, nullptr);
 }
 
-void Rewind(ParseContext& ctx) {
-    ctx.outStream->Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr);
-}
+void Rewind(ParseContext& ctx) { ctx.outStream->Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr); }
 
 // The `length` bytes at a position, or null when the file ends before.
 const std::uint8_t* BytesAt(ParseContext& ctx, std::uint32_t position, std::uint32_t length) {
@@ -119,9 +117,9 @@ void DeliverImage(ParseContext& ctx) {
     if (record == nullptr) return;
     const bool jpeg =
         record->compression == kCompressionOldJpeg || record->compression == kCompressionJpeg;
-    const bool delivered = jpeg                                        ? DeliverJpeg(ctx, *record)
+    const bool delivered = jpeg                                      ? DeliverJpeg(ctx, *record)
                            : record->compression == kCompressionNone ? DeliverBitmap(ctx, *record)
-                                                                       : false;
+                                                                     : false;
     if (!delivered) return;
     ctx.thumbDone = 1;
     ctx.thumbOrientation = record->orientation;
@@ -135,8 +133,8 @@ bool WriteRecordedThumbnail(ParseContext& ctx, std::int32_t containerPosition) {
     const std::uint8_t* src = BytesAt(ctx, static_cast<std::uint32_t>(position), length);
     if (src == nullptr) return false;
     BitmapLayout layout = {};
-    if (ctx.thumbIsRgb && (!LayOutBitmap(ctx.thumbWidth, ctx.thumbHeight, layout) ||
-                           RgbSourceBytes(layout) > length))
+    if (ctx.thumbIsRgb &&
+        (!LayOutBitmap(ctx.thumbWidth, ctx.thumbHeight, layout) || RgbSourceBytes(layout) > length))
         return false;
 
     // First the interleaved planes, then the rows.

@@ -7,8 +7,7 @@ namespace qmx {
 namespace {
 
 void StoreVersion(ParseContext& ctx, const DirEntry& entry, ImageInfo& info) {
-    ReadBytes(ctx, info.gpsVersionId,
-              std::min<std::size_t>(entry.count, sizeof info.gpsVersionId));
+    ReadBytes(ctx, info.gpsVersionId, std::min<std::size_t>(entry.count, sizeof info.gpsVersionId));
 }
 
 // Up to three values: degrees or hours, minutes, seconds.
