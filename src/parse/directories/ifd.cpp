@@ -1,8 +1,6 @@
 // One image file directory: what it says of the camera goes to ImageInfo, what it says of a
 // picture to an image record.
 
-#include <cmath>
-
 #include "makernote/dispatch.h"
 #include "makernote/maker_identity.h"
 #include "makernote/model_identity.h"
@@ -14,7 +12,7 @@ namespace qmx {
 namespace {
 
 constexpr std::uint32_t kMaxEntries = 512;
-constexpr std::uint32_t kMaxDepth = 16;
+constexpr std::uint32_t kMaxSubIfdDepth = 16;
 constexpr std::uint32_t kDirectoryBytes = 6;  // the count and the next-directory offset
 
 // What the rows of one directory work on.
@@ -204,7 +202,7 @@ bool WalkIfdEntries(ParseContext& ctx, Directory& directory) {
 }  // namespace
 
 bool WalkIfd(ParseContext& ctx, std::uint32_t base) {
-    if (ctx.ifdDepth == kMaxDepth) return false;
+    if (ctx.ifdDepth > kMaxSubIfdDepth) return false;
     Directory directory{base, ctx.imageRecords.Add()};
     if (directory.record == ImageRecordList::kNone) return false;
     ++ctx.ifdDepth;
