@@ -42,7 +42,7 @@ struct ParseContext {
     // when on everything reads as the end of the file.
     const std::uint8_t* readEnd = nullptr;
     std::int64_t workLeft = 0;           // bytes that directories and probes may still visit
-    std::uint32_t ifdDepth = 0;          // directories open; 0 and 1 are the chain's own
+    std::uint32_t ifdDepth = 0;          // directories open around the next one
     std::uint8_t* workBuffer = nullptr;  // see AllocateWorkBuffer
 
     ParseContext() { filePath[0] = 0; }
