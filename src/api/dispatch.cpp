@@ -47,9 +47,10 @@ std::uint32_t DispatchRequest(const wchar_t* path, IStream* stream, std::uint32_
     if (stream != nullptr && IsRawToDevelop(path, flag))
         return DevelopRequest(path, stream, orientationOut, flag, request);
 
-    ImageInfo info;
-    const std::uint32_t result = ParseFile(path, stream, &info, flag != 0);
+    ImageInfoRoom room;
+    const std::uint32_t result = ParseFile(path, stream, &room.info, flag != 0);
     if (result == 0) return 0;
+    const ImageInfo& info = room.info;
     if (orientationOut != nullptr) *orientationOut = static_cast<std::uint32_t>(info.orientation);
     BuildSummary(info, request);
     return result;
@@ -60,7 +61,10 @@ std::uint32_t RunTextRequest(const wchar_t* path, IStream* stream, std::uint32_t
     if (text == nullptr || textLength < 1)
         return DispatchRequest(path, stream, orientationOut, flag, nullptr);
 
-    TextRequestBlock block = {};
+    TextRequestBlock block;
+    block.request = {};
+    block.longText[0] = 0;
+    block.shortText[0] = 0;
     block.request.longText = block.longText;
     block.request.longTextCapacity = static_cast<std::int32_t>(std::size(block.longText));
     block.request.shortText = block.shortText;
@@ -76,9 +80,9 @@ std::uint32_t CopyDateTimeText(const wchar_t* path, wchar_t* text, std::int32_t 
     if (text == nullptr || textLength < 1) return 0;
     const auto capacity = static_cast<std::size_t>(textLength);
     TextBuffer buffer({text, capacity});
-    ImageInfo info;
-    if (ParseFile(path, nullptr, &info, false) == 0) return 0;
-    WidenMakerString(buffer, FieldText(info.dateTimeOriginal), capacity);
+    ImageInfoRoom room;
+    if (ParseFile(path, nullptr, &room.info, false) == 0) return 0;
+    WidenMakerString(buffer, FieldText(room.info.dateTimeOriginal), capacity);
     return 1;
 }
 

@@ -6,9 +6,9 @@
 namespace qmx {
 
 std::uint32_t EnumerateInfo(const wchar_t* path, const EnumContext* context) {
-    ImageInfo info;
-    if (context == nullptr || ParseFile(path, nullptr, &info, false) == 0) return kEnumFailed;
-    EmitInfo(info, *context);
+    ImageInfoRoom room;
+    if (context == nullptr || ParseFile(path, nullptr, &room.info, false) == 0) return kEnumFailed;
+    EmitInfo(room.info, *context);
     return 1;
 }
 

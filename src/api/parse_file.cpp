@@ -1,3 +1,5 @@
+#include <new>
+
 #include "api/requests.h"
 #include "parse/containers/container.h"
 #include "parse/core/mapped_file.h"
@@ -10,10 +12,9 @@ std::uint32_t ParseFile(const wchar_t* path, IStream* stream, ImageInfo* infoOut
     ctx.outStream = stream;
     const MappedFile file(ctx, path);
     if (!file) return 0;
-    lstrcpynW(ctx.filePath, path, kPathCapacity);
     if (ParseContainer(ctx, wantPrimary) == 0) return 0;
     if (stream != nullptr) stream->Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr);
-    if (infoOut != nullptr) *infoOut = ctx.info;
+    if (infoOut != nullptr) ::new (static_cast<void*>(infoOut)) ImageInfo(ctx.info);
     return 1;
 }
 

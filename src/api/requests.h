@@ -9,6 +9,12 @@
 
 namespace qmx {
 
+// Room for the result of a parse, which costs nothing until it is filled.
+union ImageInfoRoom {
+    ImageInfoRoom() {}
+    ImageInfo info;
+};
+
 // Parses one file: maps it, reads it, writes the wanted picture to `stream` (may be null), copies
 // the result to `infoOut` (may be null) and releases everything.  1 or 0; on 0 nothing is copied.
 std::uint32_t ParseFile(const wchar_t* path, IStream* stream, ImageInfo* infoOut, bool wantPrimary);

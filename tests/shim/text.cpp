@@ -5,7 +5,6 @@
 #include <objidl.h>
 
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 
 #include "utf.h"
@@ -115,15 +114,32 @@ int Compare(const wchar_t* a, const wchar_t* b, Fold fold) {
     return fold(*a) - fold(*b);
 }
 
-// An ASCII text with its NUL, as the format functions return it.
-int ReturnText(const char* text, wchar_t* dst, int capacity) {
-    Collector<wchar_t> out(dst, capacity);
-    do {
-        const wchar_t unit = static_cast<unsigned char>(*text);
-        out.Append(&unit, 1);
-    } while (*text++ != 0);
-    return out.Result();
-}
+// A short ASCII text, composed and then returned with its NUL as the format functions do.
+class Line {
+public:
+    Line& Append(const char* text) {
+        for (; *text != 0; ++text) units_[length_++] = static_cast<unsigned char>(*text);
+        return *this;
+    }
+    Line& Append(int number, int minDigits = 1) {
+        char digits[12];
+        int count = 0;
+        for (; number != 0 || count < minDigits; number /= 10)
+            digits[count++] = static_cast<char>('0' + number % 10);
+        while (count > 0) units_[length_++] = static_cast<unsigned char>(digits[--count]);
+        return *this;
+    }
+    int Return(wchar_t* dst, int capacity) {
+        units_[length_++] = 0;
+        Collector<wchar_t> out(dst, capacity);
+        out.Append(units_, length_);
+        return out.Result();
+    }
+
+private:
+    wchar_t units_[64];
+    int length_ = 0;
+};
 
 bool IsLeapYear(int year) { return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0); }
 
@@ -152,8 +168,11 @@ namespace qmxshim {
 
 // A surrogate without its partner is kept in three bytes: such names exist, and it finds them.
 bool PathToUtf8(const wchar_t* path, char* dst, std::size_t capacity) {
-    const wchar_t* end = path + lstrlenW(path);
     std::size_t used = 0;
+    for (; *path != 0 && *path < 0x80 && used + 1 < capacity;
+         ++path)  // nearly every path ends here
+        dst[used++] = static_cast<char>(*path);
+    const wchar_t* end = path + lstrlenW(path);
     while (path != end) {
         char bytes[4];
         const auto length = static_cast<std::size_t>(PutUtf8(NextOfUtf16(path, end), bytes));
@@ -245,20 +264,25 @@ int GetDateFormatW(LCID, DWORD flags, const SYSTEMTIME* date, LPCWSTR format, LP
     constexpr const char* kMonths[] = {"January",   "February", "March",    "April",
                                        "May",       "June",     "July",     "August",
                                        "September", "October",  "November", "December"};
-    char line[64];
+    Line line;
     if ((flags & DATE_LONGDATE) != 0)
-        std::snprintf(line, sizeof line, "%s, %s %d, %d", kDays[DayOfWeek(*date)],
-                      kMonths[date->wMonth - 1], date->wDay, date->wYear);
+        line.Append(kDays[DayOfWeek(*date)])
+            .Append(", ")
+            .Append(kMonths[date->wMonth - 1])
+            .Append(" ")
+            .Append(date->wDay)
+            .Append(", ");
     else
-        std::snprintf(line, sizeof line, "%d/%d/%d", date->wMonth, date->wDay, date->wYear);
-    return ReturnText(line, text, capacity);
+        line.Append(date->wMonth).Append("/").Append(date->wDay).Append("/");
+    return line.Append(date->wYear).Return(text, capacity);
 }
 
 int GetTimeFormatW(LCID, DWORD, const SYSTEMTIME* time, LPCWSTR format, LPWSTR text, int capacity) {
     if (time == nullptr || format != nullptr) return RefuseParameter();
     if (time->wHour > 23 || time->wMinute > 59 || time->wSecond > 59) return RefuseParameter();
-    char line[32];
-    std::snprintf(line, sizeof line, "%d:%02d:%02d %s", (time->wHour + 11) % 12 + 1, time->wMinute,
-                  time->wSecond, time->wHour < 12 ? "AM" : "PM");
-    return ReturnText(line, text, capacity);
+    Line line;
+    line.Append((time->wHour + 11) % 12 + 1).Append(":").Append(time->wMinute, 2).Append(":");
+    return line.Append(time->wSecond, 2)
+        .Append(time->wHour < 12 ? " AM" : " PM")
+        .Return(text, capacity);
 }

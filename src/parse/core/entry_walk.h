@@ -19,22 +19,22 @@ struct DirEntry {
     std::uint32_t count;  // never above 0x7FFFFFFF when a visitor sees it
 };
 
+// An entry up to its value field; all ones from where the file ends.
 inline DirEntry ReadEntry(ParseContext& ctx) {
-    DirEntry entry;
-    entry.tag = ReadU16(ctx);
-    entry.type = ReadU16(ctx);
-    entry.count = ReadU32(ctx);
-    return entry;
+    const std::uint16_t tag = ReadU16(ctx);
+    const std::uint16_t type = ReadU16(ctx);
+    return {tag, type, ReadU32(ctx)};
 }
 
-inline bool EndsNowhere(const DirEntry&) { return false; }
+struct NeverEnds {
+    constexpr bool operator()(const DirEntry&) const { return false; }
+};
 
 // Calls visit(entry) with the cursor on the entry's value, for each of `count` entries at the
 // cursor.  Entries with a negative count or a value outside the file are skipped; one for which
 // endsAt(entry) holds ends the walk.  Otherwise the cursor ends behind the last entry walked.
-template <class Visit, class EndsAt = bool (*)(const DirEntry&)>
-void WalkEntries(ParseContext& ctx, std::uint32_t count, Visit&& visit,
-                 EndsAt&& endsAt = EndsNowhere) {
+template <class Visit, class EndsAt = NeverEnds>
+void WalkEntries(ParseContext& ctx, std::uint32_t count, Visit&& visit, EndsAt&& endsAt = {}) {
     for (std::uint32_t i = 0; i < count && !AtEnd(ctx); ++i) {
         const std::int32_t next = WrappingAdd(Position(ctx), kEntryBytes);
         SpendWork(ctx, kEntryBytes);
@@ -65,9 +65,9 @@ constexpr bool TagsAscend(const TagRow<Record> (&rows)[Size]) {
 // Walks `count` entries at the cursor and hands each one that has a row to it.  Directories list
 // their tags in ascending order too, so one pass over the rows serves all entries; a file that does
 // not begins anew.
-template <class Record, std::size_t Size, class EndsAt = bool (*)(const DirEntry&)>
+template <class Record, std::size_t Size, class EndsAt = NeverEnds>
 void WalkTable(ParseContext& ctx, std::uint32_t count, Record& record,
-               const TagRow<Record> (&rows)[Size], EndsAt&& endsAt = EndsNowhere) {
+               const TagRow<Record> (&rows)[Size], EndsAt&& endsAt = {}) {
     const TagRow<Record>* row = rows;
     const auto visit = [&](const DirEntry& entry) {
         if (row != rows && entry.tag <= row[-1].tag) row = rows;

@@ -39,9 +39,20 @@ HANDLE OpenExtendedLength(const wchar_t* path) {
     return OpenForReading(extended);
 }
 
+// Keeps as much of the path as fits; true when that is all of it.
+bool StorePath(ParseContext& ctx, const wchar_t* path) {
+    std::size_t length = 0;
+    while (path[length] != 0 && length < kPathCapacity - 1) {
+        ctx.filePath[length] = path[length];
+        ++length;
+    }
+    ctx.filePath[length] = 0;
+    return path[length] == 0;
+}
+
 // The plain form first: it is right nearly always, and a relative path does not show its length.
-HANDLE OpenPath(const wchar_t* path) {
-    if (static_cast<std::size_t>(lstrlenW(path)) < kPathCapacity) {
+HANDLE OpenPath(const wchar_t* path, bool isShort) {
+    if (isShort) {
         const HANDLE file = OpenForReading(path);
         if (file != INVALID_HANDLE_VALUE) return file;
         const DWORD error = GetLastError();
@@ -55,7 +66,7 @@ HANDLE OpenPath(const wchar_t* path) {
 bool MapFile(ParseContext& ctx, const wchar_t* path) {
     ctx.mappingHandle = nullptr;
     if (path == nullptr) return false;
-    const HANDLE file = OpenPath(path);
+    const HANDLE file = OpenPath(path, StorePath(ctx, path));
     if (file == INVALID_HANDLE_VALUE) return false;
 
     LARGE_INTEGER size = {};

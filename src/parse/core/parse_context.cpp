@@ -24,7 +24,7 @@ void ResetParse(ParseContext& ctx) {
     ctx.wantPrimary = 0;
     ctx.thumbDone = 0;
     ctx.isJpegContainer = 0;
-    ctx.info = ImageInfo{};
+    ::new (static_cast<void*>(&ctx.info)) ImageInfo{};
     ctx.readEnd = ctx.viewBase + ctx.fileSize;
     ctx.workLeft = ctx.fileSize + kWorkFloor;
     ctx.ifdDepth = 0;

@@ -36,7 +36,9 @@ struct ParseContext {
     std::uint8_t wantPrimary = 0;  // the largest preview instead of the smallest
     std::uint8_t thumbDone = 0;    // the picture is in the stream
     std::uint8_t isJpegContainer = 0;
-    ImageInfo info;
+    union {
+        ImageInfo info;  // not there before ResetParse
+    };
 
     // End of what may be read: the view's end, or its base once the work budget is spent, from
     // when on everything reads as the end of the file.
