@@ -308,6 +308,12 @@ TEST(Paths, OfAnyLanguageAndLengthOpen) {
     EXPECT_EQ(Library().getPrimaryImage(widen((deep / "long.raw").u16string()).data(), &stream),
               0u);
     EXPECT_EQ(AskFor(widen((deep / "long.raw").u16string()).data()).result, 1u);
+
+    // One by one: removing whole trees does not reach below 260 characters everywhere.
+    std::filesystem::remove(creatable / "long.jpg");
+    std::filesystem::remove(creatable / "long.raw");
+    for (int i = 0; i < 4; ++i, creatable = creatable.parent_path())
+        std::filesystem::remove(creatable);
 }
 
 class ThrowingStream : public MemoryStream {

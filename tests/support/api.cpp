@@ -61,14 +61,15 @@ unsigned long ProcessId() { return static_cast<unsigned long>(getpid()); }
 
 std::u8string AsUtf8(const std::string& text) { return {text.begin(), text.end()}; }
 
-// Tests of one folder may run side by side, in several processes.
+// Tests run side by side, and process ids come again: a folder that exists is somebody else's.
 std::filesystem::path NewFolder() {
     static std::atomic<int> counter = 0;
-    const std::string name =
-        "qmxexif-test-" + std::to_string(ProcessId()) + "-" + std::to_string(counter++);
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / name;
-    std::filesystem::create_directories(folder);
-    return folder;
+    for (;;) {
+        const std::string name =
+            "qmxexif-test-" + std::to_string(ProcessId()) + "-" + std::to_string(counter++);
+        const std::filesystem::path folder = std::filesystem::temp_directory_path() / name;
+        if (std::filesystem::create_directories(folder)) return folder;
+    }
 }
 
 INT_PTR CALLBACK Collect(UINT32 kind, const WCHAR* label, const WCHAR* value, INT_PTR user) {
@@ -100,12 +101,7 @@ TestFile::TestFile(const Bytes& bytes, const std::string& name) : folder_(NewFol
 
 TestFile::~TestFile() {
     std::error_code ignored;
-#ifdef _WIN32
-    // A test may have put paths of more than 260 characters below the folder.
-    std::filesystem::remove_all(std::filesystem::path(u"\\\\?\\" + folder_.u16string()), ignored);
-#else
     std::filesystem::remove_all(folder_, ignored);
-#endif
 }
 
 Listing ListOf(const wchar_t* path) {
