@@ -81,10 +81,12 @@ typedef struct InfoRequest {
 
 #pragma pack(pop)
 
-#ifdef __cplusplus
+#if defined(__cplusplus)
 #define QMXEXIF_CHECK(condition, text) static_assert(condition, text)
-#else
+#elif defined(__STDC_VERSION__) && __STDC_VERSION__ >= 201112L
 #define QMXEXIF_CHECK(condition, text) _Static_assert(condition, text)
+#else /* an older C has nothing to check with; the empty declaration stays legal */
+#define QMXEXIF_CHECK(condition, text) struct InfoRequest
 #endif
 #define QMXEXIF_CHECK_OFFSET(field, offset) \
     QMXEXIF_CHECK(offsetof(InfoRequest, field) == (offset), "InfoRequest." #field " moved")
