@@ -62,8 +62,9 @@ void AskForPicture(const wchar_t* path, UINT32 flag, UINT32 parsed, std::size_t 
     const UINT32 delivered = ExifGetExifInfoEx(path, &stream, &orientation, flag, &record);
     Check(delivered <= parsed && stream.references == 1);
     Check(!delivered || !stream.bytes.empty());
-    // Every delivered byte is backed by the file: a bitmap row pads at most three bytes per pixel.
-    Check(stream.bytes.size() <= fileSize * 4 + 58);
+    // Every delivered byte is backed by the file: a coded sample takes a bit at least, and a bitmap
+    // row pads at most three bytes.
+    Check(stream.bytes.size() <= fileSize * 8 + 58);
 }
 
 }  // namespace

@@ -12,4 +12,16 @@ namespace qmx {
 // `ifdBase` is the base of the IFD chain being walked, for offsets that point outside the note.
 using MakerNoteDecoder = void (*)(ParseContext& ctx, std::uint32_t ifdBase);
 
+void ParseCanonMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseFujifilmMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseCasioMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParsePanasonicMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseSanyoMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseSigmaMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseSeikoMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseMamiyaMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseLeicaMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseKddiMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseHasselbladMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+
 }  // namespace qmx

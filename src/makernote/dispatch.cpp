@@ -106,23 +106,23 @@ bool EnterKddi(ParseContext& ctx) { return EnterBehind(ctx, "KDDI", 8); }
 // Makers without a row have no known form: their notes count as present and stay closed.
 // clang-format off
 constexpr MakerNoteForm kForms[] = {
-    {kMakerCanon, EnterAtStart},
+    {kMakerCanon, EnterAtStart, ParseCanonMakerNote},
     {kMakerNikon, EnterNikon},
     {kMakerMinolta, EnterMinolta},
     {kMakerOlympus, EnterOlympus},
     {kMakerSony, EnterSony},
-    {kMakerFujifilm, EnterFujifilm},
-    {kMakerCasio, EnterCasio},
+    {kMakerFujifilm, EnterFujifilm, ParseFujifilmMakerNote},
+    {kMakerCasio, EnterCasio, ParseCasioMakerNote},
     {kMakerRicoh, EnterRicoh},
-    {kMakerPanasonic, EnterPanasonic},
-    {kMakerSanyo, EnterSanyo},
+    {kMakerPanasonic, EnterPanasonic, ParsePanasonicMakerNote},
+    {kMakerSanyo, EnterSanyo, ParseSanyoMakerNote},
     {kMakerPentax, EnterPentax},
-    {kMakerSigma, EnterSigma},
-    {kMakerSeiko, EnterSeiko},
-    {kMakerMamiya, EnterAtStart},
-    {kMakerLeica, EnterLeica},
-    {kMakerKddi, EnterKddi},
-    {kMakerHasselblad, EnterAtStart},
+    {kMakerSigma, EnterSigma, ParseSigmaMakerNote},
+    {kMakerSeiko, EnterSeiko, ParseSeikoMakerNote},
+    {kMakerMamiya, EnterAtStart, ParseMamiyaMakerNote},
+    {kMakerLeica, EnterLeica, ParseLeicaMakerNote},
+    {kMakerKddi, EnterKddi, ParseKddiMakerNote},
+    {kMakerHasselblad, EnterAtStart, ParseHasselbladMakerNote},
 };
 // clang-format on
 

@@ -1,13 +1,28 @@
 #include "text/maker_text.h"
 
-#include <array>
+#include "text/maker_sections.h"
 
 namespace qmx {
 namespace {
 
 constexpr MakerText kNoMaker = {};
 
-constexpr std::array<MakerText, 0> kMakers = {};
+// Maker, section, lens, white balance, line of the long text.
+// clang-format off
+constexpr MakerText kMakers[] = {
+    {kMakerCanon, EmitCanonSection, AppendCanonLens, AppendCanonWhiteBalance,
+     AppendCanonPictureStyle},
+    {kMakerFujifilm, EmitFujifilmSection, AppendFujifilmLens, AppendFujifilmWhiteBalance, nullptr},
+    {kMakerCasio, EmitCasioSection, nullptr, nullptr, nullptr},
+    {kMakerPanasonic, EmitPanasonicSection, AppendPanasonicLens, AppendPanasonicWhiteBalance,
+     AppendPanasonicSceneMode},
+    {kMakerSanyo, EmitSanyoSection, nullptr, nullptr, nullptr},
+    {kMakerSigma, EmitSigmaSection, nullptr, AppendSigmaWhiteBalance, nullptr},
+    {kMakerSeiko, EmitSeikoSection, nullptr, nullptr, nullptr},
+    {kMakerMamiya, EmitMamiyaSection, nullptr, nullptr, nullptr},
+    {kMakerLeica, EmitLeicaSection, AppendLeicaLens, AppendLeicaWhiteBalance, AppendLeicaSceneMode},
+};
+// clang-format on
 
 }  // namespace
 

@@ -129,6 +129,13 @@ int WINAPI MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR src, int lengt
 int WINAPI WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR src, int length, LPSTR dst,
                                int capacity, LPCSTR fallback, LPBOOL usedFallback);
 
+/* Times.  The user's zone is the host's, whatever `zone` says. */
+typedef struct _TIME_ZONE_INFORMATION TIME_ZONE_INFORMATION;
+
+BOOL WINAPI FileTimeToSystemTime(const FILETIME* time, SYSTEMTIME* utc);
+BOOL WINAPI SystemTimeToTzSpecificLocalTime(const TIME_ZONE_INFORMATION* zone,
+                                            const SYSTEMTIME* utc, SYSTEMTIME* local);
+
 /* The formats of the user's locale, which is English (United States). */
 #define LOCALE_USER_DEFAULT 0x0400u
 #define DATE_SHORTDATE 0x1u

@@ -1,5 +1,8 @@
 #include "support/seed_files.h"
 
+#include "support/note_file.h"
+#include "support/x3f_builder.h"
+
 namespace qmx::test {
 namespace {
 
@@ -56,6 +59,74 @@ Bytes PanasonicRaw() {
         .Ascii(0x010F, "Panasonic")
         .Ascii(0x0110, "DMC-LX3");
     return tiff.Build();
+}
+
+Bytes SigmaPhoto() {
+    using namespace std::string_view_literals;
+    const Bytes preview = JpegStream({}, 64, 48);
+    NoteFile file(Order::kLittle, "SIGMA", "SIGMA\0\0\0\1\0"sv);
+    file.Note()
+        .Ascii(0x0003, "SINGLE")
+        .Ascii(0x0007, "Sunlight")
+        .Data(0x001A, preview)
+        .Long(0x001B, {SizeOf(preview)})
+        .Short(0x001C, {64, 48})
+        .Rational(0x0032, {{4, 10}})
+        .Ascii(0x003C, "Sunlight+");
+    file.Tiff().Trailer(JpegStream({}, 160, 120));
+    return ExifJpeg(file.Build());
+}
+
+Bytes CasioPhoto() {
+    using namespace std::string_view_literals;
+    const Bytes preview = JpegStream({}, 320, 240);
+    NoteFile file(Order::kBig, "CASIO", "QVC\0\0\0"sv);
+    file.Note()
+        .Long(0x0003, {SizeOf(preview)})
+        .Data(0x0004, preview)
+        .Short(0x2011, {87, 93})
+        .Ascii(0x3006, "New York")
+        .Undefined(0x3011, {0xFF, 0xFC})
+        .Short(0x3014, {50});
+    return ExifJpeg(file.Build());
+}
+
+Bytes Mrw() {
+    TiffBuilder tiff(Order::kLittle);
+    const Bytes preview = JpegStream({}, 64, 48);
+    tiff.Ifd()
+        .Ascii(0x010F, "KONICA MINOLTA")
+        .Ascii(0x0110, "DiMAGE A2")
+        .Data(0x0201, preview)
+        .Long(0x0202, {SizeOf(preview)});
+    const Bytes structure = tiff.Build();
+    const Bytes blocks = ByteWriter(Order::kBig)
+                             .U32(0x00505244)  // PRD
+                             .U32(24)
+                             .Pad(32)
+                             .U32(0x00545457)  // TTW
+                             .U32(SizeOf(structure))
+                             .Raw(structure)
+                             .bytes;
+    return ByteWriter(Order::kBig).U8(0).Raw(FromText("MRM")).U32(SizeOf(blocks)).Raw(blocks).bytes;
+}
+
+// Previews of every kind; the smallest is the coded one or the plain one.
+Bytes X3f(bool coded) {
+    const Bytes pixels = {255, 1, 2, 3, 254, 2, 7, 8, 9, 7, 8, 200};
+    X3fBuilder file;
+    file.version = 0x20003;
+    file.extended = ExtendedHeader({"Auto", "Standard"}, {1, 7, 8, 9, 10}, {0.5f, 0, 0, 0, -1.5f});
+    const X3fPicture small = coded ? X3fPicture{2, 11, 2, 2, 0, CodedPixels(2, 2, pixels)}
+                                   : X3fPicture{2, 3, 2, 1, 8, pixels};
+    return file.Section("IMAG", ImageSection(small))
+        .Section("IMA2", ImageSection({2, 18, 9, 9, 0, JpegStream({}, 9, 9)}))
+        .Section("PROP", PropertyList({{"CAMMANUF", "SIGMA"},
+                                       {"SH_DESC", "1/180"},
+                                       {"PMODE", "P"},
+                                       {"TIME", "978309395"},
+                                       {"FLENGTH", "24.2"}}))
+        .Build();
 }
 
 }  // namespace
@@ -129,8 +200,11 @@ std::vector<SeedFile> SeedFiles() {
         {"ricoh.jpg", WithNote(kLittle, "RICOH", "Caplio", note("Ricoh\0\0\0"sv, big))},
         {"sony.jpg", WithNote(kLittle, "SONY", "DSLR-A100", note("SONY DSC \0\0\0"sv, little))},
         {"canon.crw", note("II\x1A\0\0\0HEAPCCDR"sv, Bytes(20))},
-        {"sigma.x3f", note("FOVb"sv, Bytes(40))},
-        {"minolta.mrw", note("\0MRM"sv, Bytes(20))},
+        {"sigma.jpg", SigmaPhoto()},
+        {"casio.jpg", CasioPhoto()},
+        {"sigma.x3f", X3f(true)},
+        {"sigma-plain.x3f", X3f(false)},
+        {"minolta.mrw", Mrw()},
     };
 }
 

@@ -1,7 +1,9 @@
 #include "parse/containers/container.h"
 
+#include "parse/containers/mrw.h"
 #include "parse/containers/raf.h"
 #include "parse/containers/signature.h"
+#include "parse/containers/x3f.h"
 #include "parse/core/cursor.h"
 #include "parse/core/jpeg.h"
 #include "parse/core/preview.h"
@@ -33,7 +35,9 @@ std::uint8_t ParseContainer(ParseContext& ctx, bool wantPrimary) {
     const std::int32_t start = Position(ctx);
     switch (RecogniseContainer({ctx.cursor, BytesLeft(ctx)})) {
         case Container::kTiff: ReadTiffHeader(ctx, static_cast<std::uint32_t>(start)); break;
+        case Container::kMrw: ParseMrwBlocks(ctx); break;
         case Container::kRaf: ReadRaf(ctx, start); break;
+        case Container::kX3f: return ParseX3f(ctx);
         case Container::kJpeg:
             if (!ReadJpegContainer(ctx, start)) return 0;
             break;

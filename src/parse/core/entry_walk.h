@@ -86,7 +86,7 @@ inline std::uint32_t ReadUnsigned(ParseContext& ctx, const DirEntry& entry) {
 }
 
 inline float ReadFloat(ParseContext& ctx, const DirEntry& entry) {
-    return static_cast<float>(ReadValue(ctx, entry.type));
+    return ToField(ReadValue(ctx, entry.type));
 }
 
 // The ordinary rows: one number or text into one member.

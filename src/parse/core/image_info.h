@@ -17,6 +17,12 @@ inline constexpr float FLOAT_UNSET = FLT_MAX;
 constexpr bool IsSet(std::int32_t value) { return value != INT_UNSET; }
 constexpr bool IsSet(float value) { return value != FLOAT_UNSET; }
 
+// A number as a field keeps it: what no finite float holds, NaN too, counts as not given.
+constexpr float ToField(double value) {
+    return value >= -double{FLT_MAX} && value <= double{FLT_MAX} ? static_cast<float>(value)
+                                                                 : FLOAT_UNSET;
+}
+
 // Camera makers.  The numbers are part of the record; 11 was never assigned.
 enum MakerId : std::uint32_t {
     kMakerUnknown = 0,

@@ -112,7 +112,7 @@ bool WriteEmbeddedJpeg(ParseContext& ctx, std::uint32_t position, std::uint32_t 
 }
 
 void DeliverImage(ParseContext& ctx) {
-    if (ctx.outStream == nullptr || ctx.info.cameraModel[0] == 0) return;
+    if (ctx.outStream == nullptr || ctx.thumbDone || ctx.info.cameraModel[0] == 0) return;
     const ImageRecord* record = ChooseRecord(ctx);
     if (record == nullptr) return;
     const bool jpeg =

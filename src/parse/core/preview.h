@@ -15,7 +15,7 @@ bool WriteEmbeddedJpeg(ParseContext& ctx, std::uint32_t position, std::uint32_t 
                        bool rewind);
 
 // Chooses among the image records (the smallest picture, or the largest with `wantPrimary`), writes
-// it as JPEG or BMP and sets `thumbDone`.
+// it as JPEG or BMP and sets `thumbDone`.  A file gets one picture, however many structures it has.
 void DeliverImage(ParseContext& ctx);
 
 // Writes the picture that a reader left in `thumbOffset` and `thumbLength`, counted from the

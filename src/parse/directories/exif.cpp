@@ -14,13 +14,13 @@ namespace {
 double Exp2(double value) { return std::exp(value * std::numbers::ln2); }
 
 void StoreShutterSpeed(ParseContext& ctx, const DirEntry& entry, ImageInfo& info) {
-    info.shutterSpeed = static_cast<float>(1.0 / Exp2(ReadValue(ctx, entry.type)));
+    info.shutterSpeed = ToField(1.0 / Exp2(ReadValue(ctx, entry.type)));
 }
 
 // APEX aperture to f-number.
 template <auto Field>
 void StoreAperture(ParseContext& ctx, const DirEntry& entry, ImageInfo& info) {
-    info.*Field = static_cast<float>(Exp2(ReadValue(ctx, entry.type) / 2));
+    info.*Field = ToField(Exp2(ReadValue(ctx, entry.type) / 2));
 }
 
 // Some cameras write the gain factor in place of the speed: below 50 it counts in steps of 200.

@@ -1,0 +1,56 @@
+#pragma once
+// A MakerNote alone in memory, for any model number and any bytes: a lead, the maker's header, a
+// directory.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "makernote/maker_record.h"
+#include "parse/core/image_info.h"
+#include "support/tiff_builder.h"
+
+namespace qmx::test {
+
+class BareNote {
+public:
+    // Offsets count from 8 bytes before the directory, or 6 more for each of `lead`.
+    BareNote(MakerId maker, std::string_view header, std::int32_t modelId = 0,
+             Order order = Order::kLittle, std::size_t lead = 0);
+
+    static constexpr std::size_t kPosition = 16;  // of the note in the bytes
+
+    IfdBuilder& Entries() { return entries_; }
+    Bytes Build();
+
+    // What the maker's decoder makes of it; fails when byte order and base are not as before.
+    ImageInfo Decode() { return Decode(Build()); }
+    ImageInfo Decode(const Bytes& bytes) const;
+
+    // Cuts the note at every byte, alters each of them, and states wrong numbers of entries:
+    // nothing but the record may be written.
+    void ExpectHarmless(std::size_t recordSize);
+
+private:
+    void ExpectOnlyRecord(const Bytes& bytes, std::size_t recordSize) const;
+
+    MakerId maker_;
+    std::string_view header_;
+    std::int32_t modelId_;
+    Order order_;
+    std::size_t dropped_;  // bytes of the builder's file that the header replaces
+    TiffBuilder tiff_;
+    IfdBuilder& entries_;
+};
+
+// Whether the maker area holds this record, byte for byte.
+template <class Fields>
+testing::AssertionResult HoldsRecord(const ImageInfo& info, const Fields& expected) {
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(&expected);
+    const auto differs = std::mismatch(bytes, bytes + sizeof expected, info.makerFields).first;
+    if (differs == bytes + sizeof expected) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "records differ at byte " << differs - bytes;
+}
+
+}  // namespace qmx::test
