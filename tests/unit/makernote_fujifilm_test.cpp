@@ -7,7 +7,7 @@
 
 #include "makernote/fujifilm_fields.h"
 #include "makernote/maker_record.h"
-#include "support/bare_note.h"
+#include "unit/bare_note.h"
 #include "support/parse.h"
 
 namespace qmx::test {

@@ -9,7 +9,7 @@
 #include "makernote/leica_fields.h"
 #include "makernote/maker_record.h"
 #include "makernote/panasonic_fields.h"
-#include "support/bare_note.h"
+#include "unit/bare_note.h"
 #include "support/note_file.h"
 #include "support/parse.h"
 

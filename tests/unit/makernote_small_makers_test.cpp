@@ -15,7 +15,7 @@
 #include "makernote/sanyo_fields.h"
 #include "makernote/seiko_fields.h"
 #include "parse/containers/container.h"
-#include "support/bare_note.h"
+#include "unit/bare_note.h"
 #include "support/memory_stream.h"
 #include "support/note_file.h"
 #include "support/parse.h"

@@ -1,4 +1,4 @@
-#include "support/bare_note.h"
+#include "unit/bare_note.h"
 
 #include <gtest/gtest.h>
 
