@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "makernote/maker_record.h"
@@ -16,7 +17,7 @@ using Fields = SigmaMakerFields;
 
 template <std::size_t Size>
 void Put(char (&field)[Size], const char* text) {
-    std::strncpy(field, text, Size);
+    std::memcpy(field, text, std::min(std::strlen(text) + 1, Size));
 }
 
 ImageInfo SigmaInfo(void (*fill)(Fields&)) {

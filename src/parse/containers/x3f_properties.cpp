@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstring>
+#include <span>
 #include <string_view>
 
 #include "makernote/maker_record.h"
