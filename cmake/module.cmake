@@ -1,10 +1,14 @@
 # The module: qmxexif.dll and its import libraries or, natively, libqmxexif.so with the same
-# exported names.  The functions come out of qmxcore.
+# exported names but for those of COM.  The functions come out of qmxcore and qmxcom.
 
 if(WIN32)
+  include(cmake/com.cmake)
   configure_file(src/qmxexif.rc.in qmxexif.rc @ONLY)
+  set_source_files_properties(${PROJECT_BINARY_DIR}/qmxexif.rc PROPERTIES
+    OBJECT_DEPENDS "${QMX_SCRIPTS};${PROJECT_SOURCE_DIR}/src/com/resource_ids.h")
   add_library(qmxexif SHARED ${QMX_DEF} ${PROJECT_BINARY_DIR}/qmxexif.rc)
   set_target_properties(qmxexif PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+  target_link_libraries(qmxexif PRIVATE qmxcom)
 else()
   add_library(qmxexif SHARED ${QMX_DEF})
 endif()

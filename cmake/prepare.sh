@@ -40,6 +40,8 @@ prepare_product() {
     need ninja ninja-build
     need ccache ccache
     need x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix
+    need x86_64-w64-mingw32-widl mingw-w64-tools
+    need /usr/include/wine/wine/windows/oaidl.idl libwine-dev
     need llvm-dlltool llvm
     need wine wine
     need /usr/lib/wine/wine64 wine64

@@ -25,7 +25,8 @@ foreach(field IN ITEMS "MajorSubsystemVersion[ \t]+6" "MinorSubsystemVersion[ \t
   endif()
 endforeach()
 
-set(system_dlls kernel32 user32 advapi32 ole32 oleaut32 shell32 shlwapi gdi32 gdiplus msvcrt)
+# No more than these: every other one would be loaded into each program that uses the functions.
+set(system_dlls kernel32 user32 advapi32 msvcrt)
 string(REGEX MATCHALL "DLL Name: [^\r\n]+" imports "${text}")
 if(NOT imports)
   fail("no imports found")
