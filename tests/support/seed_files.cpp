@@ -1,5 +1,6 @@
 #include "support/seed_files.h"
 
+#include "support/ciff_builder.h"
 #include "support/note_file.h"
 #include "support/x3f_builder.h"
 
@@ -199,7 +200,8 @@ std::vector<SeedFile> SeedFiles() {
         {"pentax.jpg", WithNote(kLittle, "PENTAX", "K10D", note("AOC\0MM"sv, big))},
         {"ricoh.jpg", WithNote(kLittle, "RICOH", "Caplio", note("Ricoh\0\0\0"sv, big))},
         {"sony.jpg", WithNote(kLittle, "SONY", "DSLR-A100", note("SONY DSC \0\0\0"sv, little))},
-        {"canon.crw", note("II\x1A\0\0\0HEAPCCDR"sv, Bytes(20))},
+        {"canon.crw", FullCiff(kLittle, JpegStream({}, 64, 48))},
+        {"canon-big.crw", FullCiff(kBig, Bytes(9))},
         {"sigma.jpg", SigmaPhoto()},
         {"casio.jpg", CasioPhoto()},
         {"sigma.x3f", X3f(true)},

@@ -1,5 +1,6 @@
 #include "parse/containers/container.h"
 
+#include "parse/containers/ciff.h"
 #include "parse/containers/mrw.h"
 #include "parse/containers/raf.h"
 #include "parse/containers/signature.h"
@@ -35,6 +36,7 @@ std::uint8_t ParseContainer(ParseContext& ctx, bool wantPrimary) {
     const std::int32_t start = Position(ctx);
     switch (RecogniseContainer({ctx.cursor, BytesLeft(ctx)})) {
         case Container::kTiff: ReadTiffHeader(ctx, static_cast<std::uint32_t>(start)); break;
+        case Container::kCiff: ReadCiff(ctx, start); break;
         case Container::kMrw: ParseMrwBlocks(ctx); break;
         case Container::kRaf: ReadRaf(ctx, start); break;
         case Container::kX3f: return ParseX3f(ctx);
