@@ -1,8 +1,16 @@
 #include "rawdev/develop.h"
 
+#include "rawdev/pipeline.h"
+#include "rawdev/shot_record.h"
+
 namespace qmx {
 
-// No loader reads any raw format yet, so every file is refused.
-std::uint32_t DevelopRawFile(const wchar_t*, IStream*, std::uint32_t, InfoRequest*) { return 0; }
+std::uint32_t DevelopRawFile(const wchar_t* path, IStream* stream, std::uint32_t largerSize,
+                             InfoRequest* info) {
+    RawDecodeState state;
+    const std::uint32_t written = RunRawPipeline(state, path, stream, largerSize != 0 ? 1 : 3);
+    if (written != 0 && info != nullptr) FillShotRecord(state, *info);
+    return written;
+}
 
 }  // namespace qmx

@@ -1,0 +1,42 @@
+#include "rawdev/balance_text.h"
+
+#include <charconv>
+
+namespace qmx {
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+// Takes one number, whatever the user's locale is.
+bool TakeNumber(std::string_view& line, float& number) {
+    const std::size_t start = line.find_first_not_of(kBlanks);
+    if (start == std::string_view::npos) return false;
+    line.remove_prefix(start);
+    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), number);
+    if (error != std::errc()) return false;
+    line.remove_prefix(static_cast<std::size_t>(end - line.data()));
+    return true;
+}
+
+void ReadNeutral(std::string_view line, RawDecodeState& state) {
+    float numbers[3];
+    for (float& number : numbers)
+        if (!TakeNumber(line, number)) return;
+    for (int color = 0; color < 3; ++color) state.cameraMultipliers[color] = numbers[color];
+    state.cameraMultipliers[3] = numbers[1];
+}
+
+}  // namespace
+
+void ReadBalanceText(std::string_view text, RawDecodeState& state) {
+    constexpr std::string_view kNeutral = "Neutral";
+    state.rawColor = text.size() >= 7 && text.starts_with("MATRIX");
+    while (!text.empty()) {
+        const std::size_t end = text.find_first_of(std::string_view("\n\r\0", 3));
+        const std::string_view line = text.substr(0, end);
+        if (line.starts_with(kNeutral)) ReadNeutral(line.substr(kNeutral.size()), state);
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+}
+
+}  // namespace qmx

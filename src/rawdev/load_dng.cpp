@@ -1,0 +1,162 @@
+// Strips and tiles of uncompressed samples and of lossless JPEG (DNG 1.4).
+
+#include <algorithm>
+
+#include "rawdev/cell_sink.h"
+#include "rawdev/dng_tiles.h"
+#include "rawdev/levels.h"
+#include "rawdev/loaders.h"
+#include "rawdev/lossless_jpeg.h"
+#include "rawdev/stored_row.h"
+#include "rawdev/unpack.h"
+
+namespace qmx {
+namespace {
+
+// Every tile of a row of tiles has a decoder of its own.
+constexpr std::uint32_t kMostDecoders = 256;
+
+// A stream's line may cover several rows of its tile.
+constexpr std::uint64_t kMostRowsPerLine = 8;
+
+constexpr std::uint32_t kWidestTile = 0xFFFF;
+
+// Rows begin on a byte whatever the depth.
+std::uint64_t TileRowBytes(const RawDecodeState& state, const DngTiles& tiles) {
+    const std::uint64_t samples = std::uint64_t{tiles.Width()} * state.samplesPerPixel;
+    return (samples * state.bitsPerSample + 7) / 8;
+}
+
+std::uint64_t DngRow(const RawDecodeState& state) {
+    const DngTiles tiles(state);
+    return TileRowBytes(state, tiles) * tiles.Across();
+}
+
+void UnpackSamples(const RawDecodeState& state, const std::uint8_t* src, std::uint32_t count,
+                   std::uint16_t* dst) {
+    switch (state.bitsPerSample) {
+        case 12: return Unpack12(src, count, dst);
+        case 16: return UnpackWords(src, count, state.file.bigEndian, dst);
+        default: return UnpackBits(src, count, state.bitsPerSample, dst);
+    }
+}
+
+bool LoadUncompressed(RawDecodeState& state, CellSink& sink) {
+    const DngTiles tiles(state);
+    const std::uint64_t tileRowBytes = TileRowBytes(state, tiles);
+    // The columns of a tile beyond the image are not read.
+    const std::uint64_t wantedBytes =
+        (std::uint64_t{tiles.SamplesInside(0)} * state.bitsPerSample + 7) / 8;
+    StoredRows rows;
+    RowLevels levels;
+    if (!rows.Start(state, wantedBytes) || !levels.Prepare(state)) return false;
+
+    StreamRows(state, sink, false, [&](std::uint32_t rawRow, std::uint16_t* dst) {
+        const std::uint32_t tileRow = rawRow / tiles.Height();
+        const std::uint64_t inTile = rawRow % tiles.Height() * tileRowBytes;
+        std::uint16_t* samples = dst;
+        for (std::uint32_t column = 0; column < tiles.Across(); ++column) {
+            const std::uint32_t count = tiles.SamplesInside(column);
+            const std::uint64_t position = tiles.Position(tileRow, column);
+            if (position == 0) {
+                std::memset(samples, 0, count * sizeof *samples);
+            } else {
+                UnpackSamples(state, rows.At(position + inTile), count, samples);
+            }
+            samples += count;
+        }
+        levels.Apply(rawRow, dst);
+    });
+    return true;
+}
+
+// One row of tiles, decoded side by side.
+class TileDecoders {
+public:
+    bool Start(RawDecodeState& state, const DngTiles& tiles) {
+        state_ = &state;
+        tiles_ = &tiles;
+        const std::uint64_t width = std::min(tiles.Width(), kWidestTile);
+        lineRoom_ = kMostRowsPerLine * width * state.samplesPerPixel;
+        workLeft_ = static_cast<std::int64_t>(state.file.size);
+        // Version 1.0 wrote 16 bits too many behind the largest category.
+        options_.longCategory16 = state.dngMajor == 1 && state.dngMinor == 0;
+        if (tiles.Across() > kMostDecoders) return false;
+        decoders_ = state.scratch.Take<LosslessJpeg>(tiles.Across());
+        lines_ = state.scratch.Take<std::uint16_t>(2 * lineRoom_ * tiles.Across());
+        isOpen_ = state.scratch.Take<bool>(tiles.Across());
+        return decoders_ != nullptr && lines_ != nullptr && isOpen_ != nullptr;
+    }
+
+    bool Open(std::uint32_t row, std::uint32_t column) {
+        const std::uint64_t length = tiles_->BytesOf(row, column);
+        LosslessJpeg& decoder = decoders_[column];
+        isOpen_[column] = false;
+        // Honest tiles do not overlap: their headers together are no longer than the file.
+        if (length == 0 || workLeft_ <= 0) return false;
+        const std::uint8_t* stream = state_->file.data + tiles_->Position(row, column);
+        const bool sound = decoder.Open({stream, static_cast<std::size_t>(length)}, options_);
+        workLeft_ -= static_cast<std::int64_t>(decoder.Header().scanStart + kLeastHeader);
+        if (!sound) return false;
+        if (decoder.Header().LineSamples() > lineRoom_) return false;
+        decoder.Start(lines_ + 2 * lineRoom_ * column);
+        isOpen_[column] = true;
+        return true;
+    }
+
+    // The next row of every tile.
+    void TakeRow(std::uint16_t* dst) {
+        for (std::uint32_t column = 0; column < tiles_->Across(); ++column) {
+            const std::uint32_t inside = tiles_->SamplesInside(column);
+            if (isOpen_[column]) {
+                decoders_[column].Take(dst, inside);
+                SkipSurplus(column, inside);
+            } else {
+                std::memset(dst, 0, inside * sizeof *dst);
+            }
+            dst += inside;
+        }
+    }
+
+private:
+    static constexpr std::uint64_t kLeastHeader = 32;  // bytes of the shortest header, roundly
+
+    // Edge tiles are wider than what the image shows of them.
+    void SkipSurplus(std::uint32_t column, std::uint32_t inside) {
+        const std::uint64_t whole = std::uint64_t{tiles_->Width()} * state_->samplesPerPixel;
+        decoders_[column].Skip(whole - inside);
+    }
+
+    RawDecodeState* state_ = nullptr;
+    const DngTiles* tiles_ = nullptr;
+    LosslessOptions options_;
+    std::uint64_t lineRoom_ = 0;
+    LosslessJpeg* decoders_ = nullptr;
+    std::uint16_t* lines_ = nullptr;
+    bool* isOpen_ = nullptr;
+    std::int64_t workLeft_ = 0;  // bytes of headers that may still be read
+};
+
+bool LoadTiles(RawDecodeState& state, CellSink& sink) {
+    const DngTiles tiles(state);
+    TileDecoders decoders;
+    RowLevels levels;
+    if (!decoders.Start(state, tiles) || !levels.Prepare(state)) return false;
+    bool anyOpen = false;
+    StreamRows(state, sink, true, [&](std::uint32_t rawRow, std::uint16_t* dst) {
+        if (rawRow % tiles.Height() == 0) {
+            for (std::uint32_t column = 0; column < tiles.Across(); ++column)
+                anyOpen |= decoders.Open(rawRow / tiles.Height(), column);
+        }
+        decoders.TakeRow(dst);
+        levels.Apply(rawRow, dst);
+    });
+    return anyOpen;
+}
+
+}  // namespace
+
+const Loader kDngUncompressed = {LoadUncompressed, DngRow, 0};
+const Loader kDngLosslessJpeg = {LoadTiles, nullptr, 0};
+
+}  // namespace qmx

@@ -1,0 +1,120 @@
+#include "rawdev/pipeline.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "parse/core/mapped_file.h"
+#include "rawdev/bitmap_writer.h"
+#include "rawdev/cell_color.h"
+#include "rawdev/cell_sink.h"
+#include "rawdev/demosaic.h"
+#include "rawdev/dng_tiles.h"
+#include "rawdev/identify.h"
+
+namespace qmx {
+namespace {
+
+// Samples that a byte of compressed data may at most stand for.
+constexpr std::uint64_t kMostSamplesPerByte = 64;
+
+// The part of uncompressed data that must be there.
+constexpr std::uint64_t kLeastShare = 16;
+
+// Whether the file holds enough of the picture to be worth the memory that its dimensions ask for.
+bool HoldsEnoughData(const RawDecodeState& state) {
+    const std::uint64_t there =
+        state.isDng ? DngTiles(state).AllBytes() : state.file.BytesFrom(state.dataOffset);
+    // Rules may show more rows than the file says that it has.
+    const std::uint64_t rows = std::max(state.rawHeight, state.height);
+    if (state.loader->rowBytes == nullptr) {
+        const std::uint64_t shown = std::uint64_t{state.width} * state.samplesPerPixel;
+        const std::uint64_t samples = std::max<std::uint64_t>(SamplesPerRow(state), shown) * rows;
+        return there != 0 && there * kMostSamplesPerByte >= samples;
+    }
+    const std::uint64_t rowBytes = state.loader->rowBytes(state);
+    return rowBytes != 0 && there >= rowBytes && there * kLeastShare >= rowBytes * rows;
+}
+
+// Degrees become the code of the same turn; codes stay.
+std::int32_t NormaliseFlip(std::int32_t flip) {
+    switch ((flip + 3600) % 360) {
+        case 90: return 6;
+        case 180: return 3;
+        case 270: return 5;
+        default: return flip;
+    }
+}
+
+void SetOutputSize(RawDecodeState& state, std::uint32_t shrinkLevel) {
+    state.flip = NormaliseFlip(state.flip);
+    state.shrinkShift = state.cfaPattern != 0 ? shrinkLevel : 0;
+    state.outputHeight = static_cast<std::uint16_t>(((state.height - 1) >> state.shrinkShift) + 1);
+    state.outputWidth = static_cast<std::uint16_t>(((state.width - 1) >> state.shrinkShift) + 1);
+    if (state.useCameraMatrix == 0 || !(state.cameraMatrix[0][0] > 0.25f)) return;
+    std::memcpy(state.cameraToOutput, state.cameraMatrix, sizeof state.cameraToOutput);
+    state.rawColor = false;
+}
+
+bool AllocateBuffers(RawDecodeState& state) {
+    if (state.sampleCurve == nullptr)
+        state.sampleCurve = AllocateZeroed<std::uint16_t>(kCurveEntries);
+    if (state.channelHistogram == nullptr)
+        state.channelHistogram = AllocateZeroed<std::uint32_t[kHistogramBins]>(kColors);
+    state.image = AllocateZeroed<std::uint16_t[kColors]>(std::uint64_t{state.outputHeight} *
+                                                         state.outputWidth);
+    if (state.sampleCurve == nullptr || state.channelHistogram == nullptr || state.image == nullptr)
+        return false;
+    for (std::uint32_t code = 0; code < kCurveEntries; ++code)
+        state.sampleCurve[code] = static_cast<std::uint16_t>(code);
+    return true;
+}
+
+// At full size every cell still lacks the colours that its sensor cell did not see.
+bool FillMissingColors(RawDecodeState& state) {
+    if (state.cfaPattern == 0 || state.shrinkShift != 0) return true;
+    const CellColor color(state);
+    const std::uint64_t cells = std::uint64_t{state.outputHeight} * state.outputWidth;
+    color.BalanceCells(state.image.get(), cells);
+    FoldGreens(state);
+    if (!Demosaic(state)) return false;
+    color.ConvertCells(state.image.get(), cells);
+    return true;
+}
+
+}  // namespace
+
+bool LoadCells(RawDecodeState& state, std::uint32_t shrinkLevel) {
+    if (state.useCameraMatrix < 0) state.useCameraMatrix = 1;
+    if (!IdentifyRaw(state) || !HoldsEnoughData(state)) return false;
+    SetOutputSize(state, shrinkLevel);
+    if (!AllocateBuffers(state)) {
+        state.error = E_OUTOFMEMORY;
+        return false;
+    }
+    CellSink sink;
+    return sink.Start(state) && state.loader->load(state, sink);
+}
+
+std::uint32_t DevelopView(RawDecodeState& state, IStream* stream, std::uint32_t shrinkLevel) {
+    const bool written =
+        LoadCells(state, shrinkLevel) && FillMissingColors(state) && WriteBitmap(state, stream);
+    if (state.scratch.RanShort()) state.error = E_OUTOFMEMORY;
+    state.image.reset();
+    state.bitmap.reset();
+    state.scratch.Clear();
+    return written ? 1 : 0;
+}
+
+std::uint32_t RunRawPipeline(RawDecodeState& state, const wchar_t* path, IStream* stream,
+                             std::uint32_t shrinkLevel) {
+    ParseContext mapping;
+    const MappedFile file(mapping, path);
+    if (!file) return 0;
+    state.file.data = mapping.viewBase;
+    state.file.size = static_cast<std::uint64_t>(mapping.fileSize);
+    const std::uint32_t written = DevelopView(state, stream, shrinkLevel);
+    state.file = {};
+    return written;
+}
+
+}  // namespace qmx

@@ -1,0 +1,19 @@
+#pragma once
+// From 16-bit levels to bytes: the white point of the histogram and the transfer curve of ITU-R
+// BT.709.
+
+#include <cstdint>
+
+#include "rawdev/raw_decode_state.h"
+
+namespace qmx {
+
+inline constexpr std::uint32_t kToneEntries = 0x10000;
+
+// The level that becomes white: the brightest hundredth of the pixels may clip.
+double FindWhiteLevel(const RawDecodeState& state);
+
+// Fills the byte of every level.
+void FillToneCurve(double whiteLevel, std::uint8_t* bytes);
+
+}  // namespace qmx

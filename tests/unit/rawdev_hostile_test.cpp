@@ -1,0 +1,173 @@
+// Damaged and lying raw files: refused, or a whole picture with black where data are missing.
+
+#include <gtest/gtest.h>
+
+#include "rawdev/pipeline.h"
+#include "support/memory_stream.h"
+#include "support/raw_seeds.h"
+
+namespace qmx::test {
+namespace {
+
+// 1 or 0; checks that the stream is whole or untouched.  The bytes are an exact copy, so that
+// sanitizers see a read beyond them.
+std::uint32_t DevelopExact(const Bytes& bytes, std::uint32_t shrinkLevel) {
+    const Bytes exact(bytes.begin(), bytes.end());
+    RawDecodeState state;
+    state.file.data = exact.data();
+    state.file.size = exact.size();
+    MemoryStream stream;
+    const std::uint32_t written = DevelopView(state, &stream, shrinkLevel);
+    EXPECT_EQ(stream.writes, written != 0 ? 3 : 0);
+    EXPECT_EQ(state.error, S_OK);
+    if (written != 0) {
+        std::uint64_t width = state.outputWidth;
+        std::uint64_t height = state.outputHeight;
+        if ((state.flip & 4) != 0) std::swap(width, height);
+        EXPECT_EQ(stream.bytes.size(), 54 + (width * 3 + 3) / 4 * 4 * height);
+    }
+    return written;
+}
+
+TEST(HostileRaw, SoundSeedsDevelop) {
+    for (const SeedFile& seed : RawSeeds())
+        for (const std::uint32_t level : {0u, 1u, 3u})
+            EXPECT_EQ(DevelopExact(seed.bytes, level), 1u) << seed.name;
+}
+
+TEST(HostileRaw, TruncatedAnywhere) {
+    for (const SeedFile& seed : RawSeeds())
+        for (std::size_t length = 0;
+             length<seed.bytes.size(); length += seed.bytes.size()> 20000 ? 9700 : 97)
+            DevelopExact(
+                Bytes(seed.bytes.begin(), seed.bytes.begin() + static_cast<std::ptrdiff_t>(length)),
+                length % 2 == 0 ? 1 : 3);
+}
+
+TEST(HostileRaw, EveryByteOfTheDirectoriesFlipped) {
+    for (const SeedFile& seed : RawSeeds()) {
+        if (seed.bytes.size() > 20000) continue;  // takes too long
+        Bytes bytes = seed.bytes;
+        const std::size_t end = std::min<std::size_t>(bytes.size(), 300);
+        for (std::size_t i = 0; i < end; ++i) {
+            bytes[i] = static_cast<std::uint8_t>(bytes[i] ^ 0xFF);
+            DevelopExact(bytes, 3);
+            bytes[i] = static_cast<std::uint8_t>(bytes[i] ^ 0xFF);
+        }
+    }
+}
+
+TEST(HostileRaw, DamagedSampleData) {
+    for (const SeedFile& seed : RawSeeds()) {
+        Bytes bytes = seed.bytes;
+        for (std::size_t i = bytes.size() / 3; i < bytes.size(); i += 61) {
+            bytes[i] = static_cast<std::uint8_t>(bytes[i] ^ 0xFF);
+            if (i % 5 == 0) DevelopExact(bytes, 1);
+        }
+    }
+}
+
+RawForm FormOf(std::uint32_t width, std::uint32_t height, std::uint32_t compression,
+               std::uint32_t bits) {
+    RawForm form;
+    form.width = width;
+    form.height = height;
+    form.compression = compression;
+    form.bits = bits;
+    return form;
+}
+
+TEST(HostileRaw, DimensionsThatNoDataBack) {
+    for (const std::uint32_t compression : {0u, 1u, 6u, 7u, 99u, 32769u, 32773u})
+        for (const std::uint32_t bits : {0u, 8u, 12u, 14u, 16u, 64u})
+            for (const std::uint32_t side : {65535u, 0xFFFFFFFFu, 0u})
+                EXPECT_EQ(
+                    DevelopExact(BuildRaw(FormOf(side, side, compression, bits), Bytes(1000)), 0),
+                    0u);
+    // As small as it gets.
+    EXPECT_EQ(DevelopExact(BuildRaw(FormOf(1, 1, 1, 16), Bytes(1000)), 1), 0u);
+    EXPECT_EQ(DevelopExact(BuildRaw(FormOf(1, 22, 1, 16), Bytes(1000)), 3), 1u);
+}
+
+TEST(HostileRaw, MarginsBeyondTheImage) {
+    // The first rows of this width are 14 columns wide, its height is too small for its margins.
+    for (const std::uint32_t width : {3130u, 3690u, 4290u, 4330u, 3770u}) {
+        for (const std::uint32_t height : {22u, 30u, 61u, 65535u}) {
+            TiffBuilder tiff;
+            tiff.Ifd()
+                .Short(2, {width})
+                .Short(3, {height})
+                .Ascii(271, "LEICA")
+                .Ascii(272, "X")
+                .Long(273, {8});
+            Bytes file = tiff.Build();
+            file.resize(std::size_t{width} * 2 * 30);
+            DevelopExact(file, 1);
+        }
+    }
+    RawForm form = FormOf(7262, 30, 1, 16);  // 5444 rows are wanted of the 30
+    form.make = "Hasselblad";
+    DevelopExact(BuildRaw(form, Bytes(7262 * 60)), 3);
+}
+
+TEST(HostileRaw, DirectoriesThatPointAnywhere) {
+    for (const std::uint32_t next : {0u, 1u, 8u, 9u, 50u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+        TiffBuilder tiff;
+        IfdBuilder& ifd = tiff.Ifd();
+        ifd.Long(256, {64}).Long(257, {48}).Short(258, {12}).Short(259, {1}).Long(273, {0});
+        ifd.Link(330, std::vector<const IfdBuilder*>(300, &ifd)).Link(34665, {&ifd});
+        EXPECT_EQ(DevelopExact(tiff.LastNextOffset(next).Trailer(Bytes(5000)).Build(), 3), 1u);
+        TiffBuilder empty;
+        DevelopExact(empty.LastNextOffset(next).Trailer(Bytes(5000)).Build(), 3);
+    }
+    for (const std::uint32_t offset : {0u, 1u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+        for (const std::uint32_t count : {1u, 0x20000000u, 0xFFFFFFFFu}) {
+            RawForm form = FormOf(64, 48, 1, 12);
+            form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
+                for (const int tag : {305, 306, 330, 33422, 34665, 50454, 50714, 50728})
+                    ifd.Raw(static_cast<std::uint16_t>(tag), 4, count, offset);
+            };
+            DevelopExact(BuildRaw(form, Bytes(64 * 48 * 3 / 2)), 3);
+        }
+    }
+}
+
+TEST(HostileRaw, TileTablesThatLie) {
+    const Samples samples = SmoothSamples(64, 48, 12);
+    struct Case {
+        std::uint32_t width, height;
+    };
+    const Case cases[] = {
+        {1, 1}, {0xFFFFFFFF, 0xFFFFFFFF}, {16, 0xFFFFFFFF}, {0x80000000, 16}, {3, 7}, {65535, 1}};
+    for (const std::uint32_t compression : {1u, 7u}) {
+        for (const Case& c : cases) {
+            for (const std::uint32_t count : {1u, 4u, 0x40000000u, 0xFFFFFFFFu}) {
+                RawForm form = FormOf(64, 48, compression, 12);
+                form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
+                    ifd.Byte(50706, {1, 4, 0, 0}).Long(322, {c.width}).Long(323, {c.height});
+                    ifd.Raw(324, 4, count, 8).Raw(325, 4, count, 8);
+                };
+                DevelopExact(BuildRaw(form, WriteLosslessJpeg(samples, {})), 1);
+            }
+        }
+    }
+}
+
+TEST(HostileRaw, HuffmanTablesThatLie) {
+    const Samples samples = SmoothSamples(64, 48, 12);
+    const Bytes sound = BuildRaw(FormOf(64, 48, 7, 12), WriteLosslessJpeg(samples, {}));
+    const Bytes table = {0xFF, 0xC4};
+    const auto found = std::search(sound.begin(), sound.end(), table.begin(), table.end());
+    ASSERT_NE(found, sound.end());
+    const auto at = static_cast<std::size_t>(found - sound.begin());
+    for (std::size_t i = at; i < at + 70; ++i) {
+        for (const int value : {0, 1, 2, 16, 17, 127, 255}) {
+            Bytes bytes = sound;
+            bytes[i] = static_cast<std::uint8_t>(value);
+            DevelopExact(bytes, 3);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace qmx::test
