@@ -13,11 +13,17 @@ namespace qmx {
 using MakerNoteDecoder = void (*)(ParseContext& ctx, std::uint32_t ifdBase);
 
 void ParseCanonMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseNikonMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseOlympusMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
 void ParseFujifilmMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
 void ParseCasioMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseMinoltaMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
 void ParsePanasonicMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseRicohMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParsePentaxMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
 void ParseSanyoMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
 void ParseSigmaMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
+void ParseSonyMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
 void ParseSeikoMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
 void ParseMamiyaMakerNote(ParseContext& ctx, std::uint32_t ifdBase);
 void ParseLeicaMakerNote(ParseContext& ctx, std::uint32_t ifdBase);

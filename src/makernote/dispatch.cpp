@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "makernote/decoders.h"
+#include "makernote/pentax_base.h"
 #include "parse/core/cursor.h"
 
 namespace qmx {
@@ -39,9 +40,16 @@ bool EnterBehind(ParseContext& ctx, std::string_view magic, std::uint32_t header
 // The entries start with the note.
 bool EnterAtStart(ParseContext&) { return true; }
 
-// A whole TIFF header with a byte order of its own follows the maker's.
+// A whole TIFF header with a byte order of its own follows the maker's.  The oldest cameras have
+// no such header, and tags of another meaning: of their notes nothing is read.
 bool EnterNikon(ParseContext& ctx) {
+    using namespace std::string_view_literals;
+    const bool isOldest = BeginsWith(ctx, "Nikon\0\1"sv);
     if (!EnterBehind(ctx, "Nikon", 10)) return false;
+    if (isOldest) {
+        ctx.cursor = ctx.readEnd;
+        return true;
+    }
     SetBaseHere(ctx);
     ctx.byteOrder = ReadU16(ctx);
     ReadU16(ctx);
@@ -89,10 +97,14 @@ bool EnterRicoh(ParseContext& ctx) {
     return true;
 }
 
+// The private data of Samsung's DNGs has Samsung's name in Pentax's place.
 bool EnterPentax(ParseContext& ctx) {
     using namespace std::string_view_literals;
-    if (!EnterBehind(ctx, "AOC\0"sv, 4) && !EnterBehind(ctx, "PENTAX", 8)) return false;
+    const bool shortForm = EnterBehind(ctx, "AOC\0"sv, 4);
+    if (!shortForm && !EnterBehind(ctx, "PENTAX", 8) && !EnterBehind(ctx, "SAMSUNG\0"sv, 8))
+        return false;
     ctx.byteOrder = ReadU16(ctx);
+    if (!shortForm) ChoosePentaxBase(ctx, 10);
     return true;
 }
 
@@ -107,16 +119,16 @@ bool EnterKddi(ParseContext& ctx) { return EnterBehind(ctx, "KDDI", 8); }
 // clang-format off
 constexpr MakerNoteForm kForms[] = {
     {kMakerCanon, EnterAtStart, ParseCanonMakerNote},
-    {kMakerNikon, EnterNikon},
-    {kMakerMinolta, EnterMinolta},
-    {kMakerOlympus, EnterOlympus},
-    {kMakerSony, EnterSony},
+    {kMakerNikon, EnterNikon, ParseNikonMakerNote},
+    {kMakerMinolta, EnterMinolta, ParseMinoltaMakerNote},
+    {kMakerOlympus, EnterOlympus, ParseOlympusMakerNote},
+    {kMakerSony, EnterSony, ParseSonyMakerNote},
     {kMakerFujifilm, EnterFujifilm, ParseFujifilmMakerNote},
     {kMakerCasio, EnterCasio, ParseCasioMakerNote},
-    {kMakerRicoh, EnterRicoh},
+    {kMakerRicoh, EnterRicoh, ParseRicohMakerNote},
     {kMakerPanasonic, EnterPanasonic, ParsePanasonicMakerNote},
     {kMakerSanyo, EnterSanyo, ParseSanyoMakerNote},
-    {kMakerPentax, EnterPentax},
+    {kMakerPentax, EnterPentax, ParsePentaxMakerNote},
     {kMakerSigma, EnterSigma, ParseSigmaMakerNote},
     {kMakerSeiko, EnterSeiko, ParseSeikoMakerNote},
     {kMakerMamiya, EnterAtStart, ParseMamiyaMakerNote},

@@ -32,10 +32,12 @@ bool MatchPattern(std::string_view pattern, std::string_view text) {
     return p == pattern.size();
 }
 
-// Samsung sold Pentax cameras as "SAMSUNG GX10" and the like.
-bool IsSamsungGx(const ImageInfo& info) {
+// Pentax cameras under another maker's name: Samsung's "SAMSUNG GX10" and the like, and since 2013
+// the ones that Ricoh makes, whose model still begins with the old name.
+bool IsPentax(const ImageInfo& info) {
     constexpr std::size_t kNameLength = 8;  // "SAMSUNG "
     const std::string_view model = FieldText(info.cameraModel);
+    if (info.makerId == kMakerRicoh) return model.starts_with("PENTAX");
     return info.makerId == kMakerSamsung && model.size() > kNameLength &&
            model.substr(kNameLength).starts_with("GX");
 }
@@ -57,7 +59,7 @@ bool ModelRule::MatchesPattern(std::string_view model) const {
 
 void IdentifyModel(ParseContext& ctx) {
     ImageInfo& info = ctx.info;
-    if (IsSamsungGx(info)) info.makerId = kMakerPentax;
+    if (IsPentax(info)) info.makerId = kMakerPentax;
     info.modelId = 0;
     const auto rules = ModelRulesFor(static_cast<MakerId>(info.makerId));
     if (rules.empty()) return;

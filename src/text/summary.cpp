@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "makernote/maker_record.h"
+#include "makernote/olympus_fields.h"
 #include "text/exif_names.h"
 #include "text/maker_text.h"
 #include "text/text_buffer.h"
@@ -24,10 +26,21 @@ void StoreCamera(const ImageInfo& info, InfoRequest& request) {
     WidenMakerString(text, FieldText(info.cameraModel), std::size(request.modelText));
 }
 
+// Older files give the size in the note alone.  An area that no decoder has laid out holds zeros.
+void StoreOlympusSize(const OlympusMakerFields& note, InfoRequest& request) {
+    if (note.imageWidth <= 0 || note.imageHeight <= 0) return;
+    request.imageWidth = note.imageWidth;
+    request.imageHeight = note.imageHeight;
+}
+
 void StoreImageSize(const ImageInfo& info, InfoRequest& request) {
-    const bool known = IsSet(info.pixelXDimension) && IsSet(info.pixelYDimension);
-    request.imageWidth = known ? info.pixelXDimension : INT_UNSET;
-    request.imageHeight = known ? info.pixelYDimension : INT_UNSET;
+    request.imageWidth = request.imageHeight = INT_UNSET;
+    if (IsSet(info.pixelXDimension) && IsSet(info.pixelYDimension)) {
+        request.imageWidth = info.pixelXDimension;
+        request.imageHeight = info.pixelYDimension;
+    } else if (info.hasMakerNote != 0 && info.makerId == kMakerOlympus) {
+        StoreOlympusSize(MakerRecord<OlympusMakerFields>(info), request);
+    }
 }
 
 void StoreValues(const ImageInfo& info, InfoRequest& request) {

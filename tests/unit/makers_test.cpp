@@ -108,16 +108,26 @@ TEST(Model, HasItsNumber) {
     }
 }
 
-TEST(Model, SamsungGxIsAPentax) {
-    for (const auto& [model, maker] : {std::pair{"SAMSUNG GX10", kMakerPentax},
-                                       {"SAMSUNG NX10", kMakerSamsung},
-                                       {"GX10", kMakerSamsung},
-                                       {"SAMSUNG G", kMakerSamsung}}) {
+TEST(Model, TellsPentaxCamerasOfOtherMakers) {
+    struct Case {
+        MakerId maker;
+        const char* model;
+        MakerId becomes;
+    };
+    const Case cases[] = {
+        {kMakerSamsung, "SAMSUNG GX10", kMakerPentax},
+        {kMakerSamsung, "SAMSUNG NX10", kMakerSamsung},
+        {kMakerSamsung, "GX10", kMakerSamsung},
+        {kMakerSamsung, "SAMSUNG G", kMakerSamsung},
+        {kMakerRicoh, "PENTAX K-3 II", kMakerPentax},
+        {kMakerRicoh, "GR II", kMakerRicoh},
+    };
+    for (const Case& c : cases) {
         BytesContext context({});
-        context.ctx.info.makerId = kMakerSamsung;
-        std::strcpy(context.ctx.info.cameraModel, model);
+        context.ctx.info.makerId = c.maker;
+        std::strcpy(context.ctx.info.cameraModel, c.model);
         IdentifyModel(context.ctx);
-        EXPECT_EQ(context.ctx.info.makerId, maker) << model;
+        EXPECT_EQ(context.ctx.info.makerId, c.becomes) << c.model;
     }
 }
 

@@ -4,6 +4,7 @@
 #include "makernote/dispatch.h"
 #include "makernote/maker_identity.h"
 #include "makernote/model_identity.h"
+#include "makernote/photoshop.h"
 #include "parse/core/entry_walk.h"
 #include "parse/core/jpeg.h"
 #include "parse/directories/tiff.h"
@@ -127,6 +128,10 @@ void EnterGps(ParseContext& ctx, const DirEntry& entry, Directory& directory) {
     WalkGpsIfd(ctx, directory.base);
 }
 
+void EnterPhotoshopResources(ParseContext& ctx, const DirEntry& entry, Directory&) {
+    ReadPhotoshopResources(ctx, std::uint64_t{entry.count} * FieldTypeSize(entry.type));
+}
+
 void EnterDngPrivateData(ParseContext& ctx, const DirEntry&, Directory&) {
     if (ctx.info.makerId == kMakerPentax) ParsePentaxPrivateData(ctx);
 }
@@ -154,6 +159,7 @@ constexpr TagRow<Directory> kTags[] = {
     {0x0202, StoreJpegLength},
     {0x0211, StoreLumaWeights},
     {0x0212, StoreSubSampling},
+    {0x8649, EnterPhotoshopResources},
     {0x8769, EnterExif},
     {0x8825, EnterGps},
     {0xC634, EnterDngPrivateData},

@@ -1,0 +1,34 @@
+#include "makernote/preview_record.h"
+
+#include "parse/core/cursor.h"
+#include "parse/core/jpeg.h"
+
+namespace qmx {
+namespace {
+
+constexpr std::uint16_t kStartOfImage = 0xFF00 | kJpegSoi;
+
+bool IsJpegAt(ParseContext& ctx, std::uint32_t position) {
+    const CursorScope restoreCursor(ctx);
+    SeekTo(ctx, static_cast<std::int32_t>(position));
+    return ReadU16BE(ctx) == kStartOfImage;
+}
+
+}  // namespace
+
+bool AddJpegPreview(ParseContext& ctx, std::uint32_t position, std::uint32_t length) {
+    ImageRecord frame = {};
+    if (length == 0 || !IsJpegAt(ctx, position) || !ProbeJpegFrame(ctx, position, frame))
+        return false;
+    const std::size_t index = ctx.imageRecords.Add();
+    if (index == ImageRecordList::kNone) return false;
+    ImageRecord& record = ctx.imageRecords[index];
+    record.width = frame.width;
+    record.height = frame.height;
+    record.compression = kCompressionOldJpeg;
+    record.jpegOffset = position;
+    record.jpegLength = length;
+    return true;
+}
+
+}  // namespace qmx

@@ -1,0 +1,269 @@
+// Sony's MakerNote.
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "makernote/sony_cipher.h"
+#include "makernote/sony_fields.h"
+#include "parse/containers/container.h"
+#include "support/memory_stream.h"
+#include "support/note_file.h"
+#include "support/parse.h"
+#include "unit/bare_note.h"
+
+namespace qmx::test {
+namespace {
+
+using namespace std::string_view_literals;
+using Fields = SonyMakerFields;
+
+constexpr std::string_view kHeader = "SONY DSC \0\0\0"sv;
+constexpr std::uint32_t kNone32 = 0xFFFFFFFF;
+
+Fields FieldsOf(const ImageInfo& info) { return MakerRecord<Fields>(info); }
+
+TEST(SonyCipher, IsCubingModulo249) {
+    EXPECT_EQ(SonyPlainByte(0x08), 0x02);
+    EXPECT_EQ(SonyPlainByte(0x40), 0x04);
+    EXPECT_EQ(SonyPlainByte(0x1B), 0x03);
+    for (std::uint32_t byte = 0; byte < 256; ++byte) {
+        const std::uint32_t stored = byte < 249 ? byte * byte * byte % 249 : byte;
+        EXPECT_EQ(SonyPlainByte(static_cast<std::uint8_t>(stored)), byte);
+    }
+}
+
+TEST(SonyNote, EveryTagHasItsField) {
+    BareNote note(kMakerSony, kHeader);
+    note.Entries()
+        .Long(0x0102, {2})
+        .SRational(0x0104, {{-3, 10}})
+        .Long(0x0105, {72})
+        .Long(0x0112, {kNone32})
+        .Long(0x0115, {48})
+        .Long(0x2002, {4})
+        .Value(0x2004, 9, 1, {0xFE, 0xFF, 0xFF, 0xFF})
+        .Long(0x2008, {65537})
+        .Short(0x2009, {256})
+        .Long(0x200A, {0x00010011})
+        .Short(0x200E, {65535})
+        .Long(0x2011, {2})
+        .Long(0x2014, {kNone32, 3})
+        .Byte(0x201B, {6})
+        .Byte(0x201C, {11})
+        .Short(0x202C, {769})
+        .Short(0x202E, {1, 3})
+        .Byte(0xB000, {3, 1, 0, 0})
+        .Value(0xB020, 2, 16, FromText("Standard\0\0\0\0\0\0\0\0"sv))
+        .Long(0xB021, {kNone32})
+        .Long(0xB022, {kNone32})
+        .Long(0xB023, {16})
+        .Long(0xB027, {49})
+        .Byte(0xB02A, {0xC3, 0, 0x16, 0, 0x50, 0x35, 0x56, 0})
+        .Long(0xB02B, {4000, 6000})
+        .Short(0xB042, {2})
+        .Short(0xB048, {0xFFFD})
+        .Short(0xB04A, {65535})
+        .Short(0xB054, {5});
+    const Fields expected = {.sonySceneMode = 16,
+                             .sonyQuality = 2,
+                             .sonyQuality2 = 259,
+                             .sonyWhiteBalance = 48,
+                             .sonyWhiteBalance2 = 5,
+                             .sonyWbFineTune = -1,
+                             .sonyWbShiftAmber = -1,
+                             .sonyWbShiftMagenta = 3,
+                             .sonyColorFilter = -1,
+                             .sonyMetering2 = 769,
+                             .sonyFocusMode = 2,
+                             .sonyFocusMode2 = 6,
+                             .sonyAfAreaMode2 = 11,
+                             .sonyFlashComp = -0.3f,
+                             .sonyFlashLevel = -3,
+                             .sonyCreativeStyle = "Standard",
+                             .sonyContrast = -2,
+                             .sonyHdr = 17,
+                             .sonyHdrImage = 1,
+                             .sonyHighIsoNr = 256,
+                             .sonyLongExposureNr = 65537,
+                             .sonyVignetting = 2,
+                             .sonyLensId = 49,
+                             .sonyMount = kSonyAMount,
+                             .sonyLensSpec = {0xC3, 0, 0x16, 0, 0x50, 0x35, 0x56, 0},
+                             .sonyTeleconverter = 72,
+                             .sonyRating = 4,
+                             .sonyFileFormat = 0x03010000,
+                             .sonyFullImageHeight = 4000,
+                             .sonyFullImageWidth = 6000};
+    EXPECT_TRUE(HoldsRecord(note.Decode(), expected));
+}
+
+TEST(SonyNote, HeaderIsTestedFirstTheModelOnlyWithoutIt) {
+    for (const auto& [header, model, decoded] : {std::tuple{kHeader, 0, true},
+                                                 {kHeader, 8504, true},
+                                                 {""sv, 8192, true},
+                                                 {""sv, 8191, false},
+                                                 {"SONY CAM \0\0\0"sv, 1024, false}}) {
+        BareNote note(kMakerSony, header, model);
+        note.Entries().Long(0x0102, {2});
+        const ImageInfo info = note.Decode();
+        EXPECT_EQ(info.hasMakerNote, decoded ? 1 : 0) << header << model;
+        if (decoded) EXPECT_EQ(FieldsOf(info).sonyQuality, 2) << header << model;
+    }
+}
+
+TEST(SonyNote, FormsOfTheSettings) {
+    struct Case {
+        std::size_t bytes, element;
+        std::int32_t form, drive, iso, contrast, balance;
+        float exposure;
+    };
+    // Every element holds its own index and 128 more.
+    const Case cases[] = {
+        {280, 2, kSonyWordsSet1, 132, 673, 147, 133, 3 / 24.0f},
+        {364, 2, kSonyWordsSet1, 132, 673, 147, 133, 3 / 24.0f},
+        {332, 2, kSonyWordsSet2, 254, 566, 144, 132, 3 / 24.0f},
+        {1536, 1, kSonyBytesSet3, 132, 119, INT_UNSET, INT_UNSET, 3 / 24.0f},
+        {300, 2, INT_UNSET, INT_UNSET, INT_UNSET, INT_UNSET, INT_UNSET, FLOAT_UNSET},
+    };
+    for (const Case& c : cases) {
+        ByteWriter block(Order::kBig);
+        for (std::uint32_t i = 0; i < c.bytes / c.element; ++i) {
+            const bool isIso = i == 22 && c.bytes != 332;
+            const std::uint32_t word = isIso || i == 20 || i == 2 ? i + 48 : i + 128;
+            c.element == 2 ? block.U16(word) : block.U8(word & 0xFF);
+        }
+        BareNote note(kMakerSony, kHeader);
+        note.Entries().Undefined(0x0114, block.bytes);
+        const Fields fields = FieldsOf(note.Decode());
+        EXPECT_EQ(fields.sonySettingsForm, c.form) << c.bytes;
+        EXPECT_EQ(fields.sonyDriveMode, c.drive) << c.bytes;
+        EXPECT_EQ(fields.sonyIsoSetting, c.iso) << c.bytes;
+        EXPECT_EQ(fields.sonyContrast, c.contrast) << c.bytes;
+        EXPECT_EQ(fields.sonyWbSetting, c.balance) << c.bytes;
+        EXPECT_EQ(fields.sonyExposureCompSet, c.exposure) << c.bytes;
+    }
+}
+
+// A block that holds these plain bytes, enciphered.
+Bytes Enciphered(std::size_t size, std::uint32_t at, const Bytes& plain) {
+    Bytes block(size, 0);
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        const std::uint32_t byte = plain[i];
+        block[at + i] = static_cast<std::uint8_t>(byte < 249 ? byte * byte * byte % 249 : byte);
+    }
+    return block;
+}
+
+Bytes WithFirst(std::uint8_t first, Bytes block) {
+    block[0] = first;
+    return block;
+}
+
+TEST(SonyNote, LensComesFromTheMostTrustedBlock) {
+    const Bytes late = WithFirst(0x3A, Enciphered(0x100, 0x5E, {2, 0, 0x19, 0x80}));
+    const Bytes early = WithFirst(0x1B, Enciphered(0x700, 0x604, {1, 0, 0, 0, 0x31, 0}));
+    const Bytes c94 = Enciphered(64, 0x08, {4, 0x10, 0x80});
+    const Bytes of9050 = Enciphered(944, 0x105, {2, 0, 0x11, 0x80});
+    const Bytes of9416 = Enciphered(0x60, 0x4A, {2, 0x22, 0x80});
+    const Bytes noMount = Enciphered(64, 0x08, {0, 0x10, 0x80});
+    const Bytes plain = [] {
+        Bytes block(1536);
+        block[0x99] = 17, block[0x3F7] = 0x10, block[0x3F8] = 0x80;
+        return block;
+    }();
+    struct Case {
+        const char* model;
+        std::int32_t modelId, tagId;
+        std::vector<std::pair<std::uint16_t, Bytes>> blocks;
+        std::int32_t id, mount;
+    };
+    const Case cases[] = {
+        {"SLT-A58", 8495, 49, {{0x9405, late}}, 49, 0},
+        {"ILCE-7M3", 8555, 65535, {{0x9405, late}, {0x940C, c94}, {0x9050, of9050}}, 32793, 1},
+        {"ILCE-7M4", 8580, 65535, {{0x9405, late}, {0x9416, of9416}}, 32802, 1},
+        {"ILCE-6000", 8504, 65535, {{0x9405, early}}, 49, 0},
+        {"NEX-6", 8487, 65535, {{0x940C, c94}, {0x9050, of9050}}, 32784, 1},
+        {"NEX-6", 8487, 65535, {{0x940C, noMount}, {0x9050, of9050}}, 32785, 1},
+        {"SLT-A77V", 8479, 65535, {{0x940C, c94}}, 0, 1},
+        {"ILCE-7SM3", 8575, 65535, {{0x9050, of9050}}, 0, 1},
+        {"NEX-5", 8470, 65535, {{0x0114, plain}}, 32784, 1},
+        {"DSC-RX100", 8489, 65535, {{0x9405, late}}, INT_UNSET, INT_UNSET},
+        {"DSC-W1", 256, INT_UNSET, {}, INT_UNSET, INT_UNSET},
+        {"ILCE-7M3", 8555, 65535, {{0x9405, Bytes(0x5F, 0x3A)}}, 0, 1},
+    };
+    for (const Case& c : cases) {
+        TiffBuilder tiff;
+        IfdBuilder& ifd = tiff.Ifd();
+        IfdBuilder& exif = tiff.SubIfd();
+        IfdBuilder& note = tiff.SubIfd();
+        ifd.Ascii(0x010F, "SONY").Ascii(0x0110, c.model).Link(0x8769, {&exif});
+        exif.Undefined(0x927C, FromText(kHeader));
+        if (IsSet(c.tagId)) note.Long(0xB027, {static_cast<std::uint32_t>(c.tagId)});
+        for (const auto& [tag, block] : c.blocks) note.Undefined(tag, block);
+        const ImageInfo info = Parse(tiff.Build()).info;
+        EXPECT_EQ(info.modelId, c.modelId) << c.model;
+        EXPECT_EQ(FieldsOf(info).sonyLensId, c.id) << c.model;
+        EXPECT_EQ(FieldsOf(info).sonyMount, c.mount) << c.model;
+    }
+}
+
+// The A100 keeps some values in a directory of Minolta's outside the note.
+TEST(SonyNote, PartInMinoltasLayout) {
+    for (const bool isA100 : {true, false}) {
+        TiffBuilder tiff;
+        IfdBuilder& ifd = tiff.Ifd();
+        IfdBuilder& exif = tiff.SubIfd();
+        IfdBuilder& note = tiff.SubIfd();
+        IfdBuilder& part = tiff.SubIfd();
+        ifd.Ascii(0x010F, "SONY").Ascii(0x0110, isA100 ? "DSLR-A100" : "DSLR-A700");
+        ifd.Link(0x8769, {&exif});
+        exif.Undefined(0x927C, FromText(kHeader)).Long(0xA002, {4000});
+        note.Link(0xB028, {&part}).Value(0xB048, 8, 1, {0xFF, 0xFF});
+        Bytes settings(260);
+        settings[21] = 5;
+        part.Long(0x010C, {24}).Undefined(0x0114, settings).Long(0x0115, {1});
+        const ImageInfo info = Parse(tiff.Build()).info;
+        const Fields fields = FieldsOf(info);
+        EXPECT_EQ(fields.sonyWhiteBalance, isA100 ? 1 : INT_UNSET);
+        EXPECT_EQ(fields.sonyLensId, isA100 ? 24 : INT_UNSET);
+        EXPECT_EQ(fields.minoltaDriveModeA100, isA100 ? 5 : INT_UNSET);
+        EXPECT_EQ(fields.sonyFlashLevel, isA100 ? INT_UNSET : -1);
+        EXPECT_EQ(info.pixelXDimension, 4000);
+    }
+}
+
+TEST(SonyNote, PreviewStandsBehindAHeaderOfItsOwn) {
+    const Bytes whole = JpegStream(Segment(0xDB, Bytes(400)), 1616, 1080);
+    Bytes damaged = whole;
+    damaged[0] = 0;
+    const auto deliver = [](const Bytes& value) {
+        NoteFile file(Order::kLittle, "SONY", kHeader);
+        file.Note().Undefined(0x2001, value);
+        const Bytes bytes = file.Build();
+        BytesContext context(bytes);
+        MemoryStream stream;
+        context.ctx.outStream = &stream;
+        ParseContainer(context.ctx, false);
+        return stream.bytes;
+    };
+    EXPECT_EQ(deliver(Bytes(32) + damaged), whole);
+    EXPECT_EQ(deliver(Bytes(31) + damaged), Bytes());
+    EXPECT_EQ(deliver(Bytes(32)), Bytes());
+    EXPECT_EQ(deliver({}), Bytes());
+}
+
+TEST(SonyNote, HostileNotesWriteNothingElse) {
+    BareNote note(kMakerSony, kHeader, kSonyA100);
+    note.Entries()
+        .SRational(0x0104, {{1, 3}})
+        .Undefined(0x0114, Bytes(280, 7))
+        .Undefined(0x2001, Bytes(32) + JpegStream({}, 16, 16))
+        .Undefined(0x9405, WithFirst(0x3A, Bytes(0x64, 8)))
+        .Long(0xB027, {65535})
+        .Long(0xB028, {20});
+    note.ExpectHarmless(sizeof(Fields));
+}
+
+}  // namespace
+}  // namespace qmx::test
