@@ -5,7 +5,7 @@
 #include "makernote/decoders.h"
 #include "makernote/maker_record.h"
 #include "makernote/minolta_settings.h"
-#include "makernote/note_preview.h"
+#include "makernote/preview_record.h"
 #include "parse/core/jpeg.h"
 
 namespace qmx {
@@ -122,17 +122,8 @@ void AddAlphaPreview(ParseContext& ctx, std::int32_t position, std::uint32_t len
     constexpr std::uint32_t kShortestPicture = 256;  // some cameras write a stub
     const CursorScope restoreCursor(ctx);
     SeekTo(ctx, position);
-    ImageRecord frame = {};
-    const auto start = static_cast<std::uint32_t>(Position(ctx));
-    if (length < kShortestPicture || BytesLeft(ctx) < length || ctx.cursor[1] != kJpegSoi) return;
-    if (!ProbeJpegFrame(ctx, start, frame)) return;
-    ImageRecord* const record = NotePreview().Record(ctx);
-    if (record == nullptr) return;
-    record->width = frame.width;
-    record->height = frame.height;
-    record->compression = kCompressionOldJpeg;
-    record->jpegOffset = start;
-    record->jpegLength = length;
+    if (length < kShortestPicture || BytesLeft(ctx) < length) return;
+    AddJpegPreview(ctx, static_cast<std::uint32_t>(Position(ctx)), length);
 }
 
 float ReadStops(ParseContext& ctx, const DirEntry& entry) {

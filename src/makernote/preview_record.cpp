@@ -6,19 +6,18 @@
 namespace qmx {
 namespace {
 
-constexpr std::uint16_t kStartOfImage = 0xFF00 | kJpegSoi;
-
-bool IsJpegAt(ParseContext& ctx, std::uint32_t position) {
+// Minolta's and Sony's cameras damage the first byte; delivering the picture mends it.
+bool StartsImage(ParseContext& ctx, std::uint32_t position) {
     const CursorScope restoreCursor(ctx);
     SeekTo(ctx, static_cast<std::int32_t>(position));
-    return ReadU16BE(ctx) == kStartOfImage;
+    return (ReadU16BE(ctx) & 0xFF) == kJpegSoi;
 }
 
 }  // namespace
 
 bool AddJpegPreview(ParseContext& ctx, std::uint32_t position, std::uint32_t length) {
     ImageRecord frame = {};
-    if (length == 0 || !IsJpegAt(ctx, position) || !ProbeJpegFrame(ctx, position, frame))
+    if (length == 0 || !StartsImage(ctx, position) || !ProbeJpegFrame(ctx, position, frame))
         return false;
     const std::size_t index = ctx.imageRecords.Add();
     if (index == ImageRecordList::kNone) return false;

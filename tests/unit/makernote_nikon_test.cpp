@@ -368,7 +368,9 @@ TEST(NikonNote, LensDataOfEveryVersion) {
         const Fields cut = decode(Bytes(block.begin(), block.end() - 1), true, true, true);
         EXPECT_EQ(FieldText(cut.nikonLensText), "") << c.version;
         EXPECT_EQ(cut.nikonZLensNumber, INT_UNSET) << c.version;
-        if (c.zNumber == 0) EXPECT_EQ(cut.nikonLensIdNumber, INT_UNSET) << c.version;
+        if (c.zNumber == 0) {
+            EXPECT_EQ(cut.nikonLensIdNumber, INT_UNSET) << c.version;
+        }
 
         if (c.version[1] < '2') continue;
         for (const bool hasSerial : {false, true}) {

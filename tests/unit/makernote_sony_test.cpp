@@ -108,7 +108,9 @@ TEST(SonyNote, HeaderIsTestedFirstTheModelOnlyWithoutIt) {
         note.Entries().Long(0x0102, {2});
         const ImageInfo info = note.Decode();
         EXPECT_EQ(info.hasMakerNote, decoded ? 1 : 0) << header << model;
-        if (decoded) EXPECT_EQ(FieldsOf(info).sonyQuality, 2) << header << model;
+        if (decoded) {
+            EXPECT_EQ(FieldsOf(info).sonyQuality, 2) << header << model;
+        }
     }
 }
 
