@@ -18,8 +18,9 @@ void ReadRaf(ParseContext& ctx, std::int32_t start) {
     SeekTo(ctx, WrappingAdd(start, kJpegOffsetPosition));
     const std::uint32_t jpegOffset = ReadU32BE(ctx);
     const std::uint32_t jpegLength = ReadU32BE(ctx);
-    ReadTiffHeader(ctx, jpegOffset + kTiffHeaderInJpeg);
+    // First, so that the thumbnail is not delivered too; it still is when the JPEG is cut off.
     if (ctx.wantPrimary && WriteEmbeddedJpeg(ctx, jpegOffset, jpegLength, true)) ctx.thumbDone = 1;
+    ReadTiffHeader(ctx, jpegOffset + kTiffHeaderInJpeg);
 }
 
 }  // namespace qmx
