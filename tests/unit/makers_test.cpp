@@ -108,6 +108,62 @@ TEST(Model, HasItsNumber) {
     }
 }
 
+// Every Canon that a rule tells from others, by the text that it writes.
+TEST(Model, NumbersEveryCanonThatRulesTest) {
+    struct Case {
+        const char* model;
+        std::int32_t modelId;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"Canon PowerShot Pro70", 513}, {"Canon PowerShot G1", 514},
+        {"Canon PowerShot Pro90 IS", 526}, {"Canon PowerShot G2", 516},
+        {"Canon PowerShot S30", 517}, {"Canon PowerShot S40", 518}, {"Canon PowerShot G3", 519},
+        {"Canon PowerShot S45", 520}, {"Canon PowerShot G5", 521}, {"Canon PowerShot S50", 522},
+        {"Canon PowerShot S60", 523}, {"Canon PowerShot S70", 524}, {"Canon PowerShot G6", 525},
+        {"Canon PowerShot Pro1", 526}, {"Canon PowerShot S1 IS", 527}, {"Canon PowerShot S80", 528},
+        {"Canon PowerShot A520", 529}, {"Canon PowerShot A610", 530}, {"Canon PowerShot A620", 531},
+        {"Canon PowerShot A430", 532}, {"Canon PowerShot A540", 533}, {"Canon PowerShot A700", 534},
+        {"Canon PowerShot S2 IS", 535}, {"Canon PowerShot S3 IS", 536},
+        {"Canon PowerShot S5 IS", 537}, {"Canon PowerShot A640", 538},
+        {"Canon PowerShot A710 IS", 539}, {"Canon PowerShot A720 IS", 540},
+        {"Canon PowerShot G7", 541}, {"Canon PowerShot G9", 542}, {"Canon PowerShot TX1", 543},
+        {"Canon PowerShot SX100 IS", 544}, {"Canon EOS D30", 4097}, {"Canon EOS D60", 4098},
+        {"Canon EOS 10D", 4099}, {"Canon EOS 300D DIGITAL", 4100},
+        {"Canon EOS DIGITAL REBEL", 4100}, {"Canon EOS Kiss Digital", 4100},
+        {"Canon EOS 350D DIGITAL", 4101}, {"Canon EOS DIGITAL REBEL XT", 4101},
+        {"Canon EOS Kiss Digital N", 4101}, {"Canon EOS 20D", 4102}, {"Canon EOS 20Da", 4103},
+        {"Canon EOS-1D", 4104}, {"Canon EOS-1DS", 4105}, {"Canon EOS-1D Mark II", 4106},
+        {"Canon EOS-1Ds Mark II", 4107}, {"Canon EOS 400D DIGITAL", 4108},
+        {"Canon EOS DIGITAL REBEL XTi", 4108}, {"Canon EOS Kiss Digital X", 4108},
+        {"Canon EOS 450D", 4109}, {"Canon EOS DIGITAL REBEL XSi", 4109},
+        {"Canon EOS Kiss X2", 4109}, {"Canon EOS 500D", 4110}, {"Canon EOS REBEL T1i", 4110},
+        {"Canon EOS Kiss X3", 4110}, {"Canon EOS 1000D", 4111},
+        {"Canon EOS DIGITAL REBEL XS", 4111}, {"Canon EOS Kiss F", 4111}, {"Canon EOS 550D", 4112},
+        {"Canon EOS REBEL T2i", 4112}, {"Canon EOS Kiss X4", 4112}, {"Canon EOS 600D", 4113},
+        {"Canon EOS REBEL T3i", 4113}, {"Canon EOS Kiss X5", 4113}, {"Canon EOS 1100D", 4114},
+        {"Canon EOS REBEL T3", 4114}, {"Canon EOS Kiss X50", 4114}, {"Canon EOS 650D", 4115},
+        {"Canon EOS REBEL T4i", 4115}, {"Canon EOS Kiss X6i", 4115}, {"Canon EOS 700D", 4116},
+        {"Canon EOS REBEL T5i", 4116}, {"Canon EOS Kiss X7i", 4116}, {"Canon EOS 100D", 4117},
+        {"Canon EOS REBEL SL1", 4117}, {"Canon EOS Kiss X7", 4117}, {"Canon EOS 1200D", 4118},
+        {"Canon EOS REBEL T5", 4118}, {"Canon EOS Kiss X70", 4118}, {"Canon EOS 30D", 4120},
+        {"Canon EOS 40D", 4121}, {"Canon EOS 50D", 4122}, {"Canon EOS 60D", 4123},
+        {"Canon EOS 60Da", 4123}, {"Canon EOS 7D", 4124}, {"Canon EOS 5D", 4125},
+        {"Canon EOS 5D Mark II", 4126}, {"Canon EOS 5D Mark III", 4127},
+        {"Canon EOS-1D Mark II N", 4128}, {"Canon EOS-1D Mark III", 4129},
+        {"Canon EOS-1Ds Mark III", 4130}, {"Canon EOS-1D Mark IV", 4131}, {"Canon EOS-1D X", 4132},
+        {"Canon EOS 6D", 4133}, {"Canon EOS 70D", 4134},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        BytesContext context({});
+        context.ctx.info.makerId = kMakerCanon;
+        std::strcpy(context.ctx.info.cameraModel, c.model);
+        IdentifyModel(context.ctx);
+        EXPECT_EQ(context.ctx.info.modelId, c.modelId) << c.model;
+    }
+}
+
 TEST(Model, TellsPentaxCamerasOfOtherMakers) {
     struct Case {
         MakerId maker;
