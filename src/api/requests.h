@@ -11,7 +11,7 @@ namespace qmx {
 
 // Room for the result of a parse, which costs nothing until it is filled.
 union ImageInfoRoom {
-    ImageInfoRoom() {}
+    ImageInfoRoom() {}  // NOLINT(modernize-use-equals-default): that would be deleted
     ImageInfo info;
 };
 

@@ -195,7 +195,9 @@ void StoreNikonFileInfo(ParseContext& ctx, const DirEntry& entry, NikonNote& not
 void StoreNikonAfTune(ParseContext& ctx, const DirEntry& entry, NikonNote& note) {
     const Block block(ctx, entry);
     note.fields.nikonAfTune = block.Byte(0);
-    if (block.Holds(3)) note.fields.nikonAfTuneStep = static_cast<std::int8_t>(block.Byte(2));
+    if (!block.Holds(3)) return;
+    const int step = block.Byte(2);  // signed
+    note.fields.nikonAfTuneStep = step < 128 ? step : step - 256;
 }
 
 }  // namespace qmx

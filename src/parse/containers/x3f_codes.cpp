@@ -4,7 +4,8 @@ namespace qmx {
 
 bool X3fCodes::Read(std::span<const std::uint8_t, kX3fCodeTableBytes> table) {
     for (int difference = 0; difference < 256; ++difference) {
-        const std::uint32_t word = LoadU32(table.data() + difference * 4);
+        const std::uint32_t word =
+            LoadU32(table.data() + std::size_t{4} * static_cast<unsigned>(difference));
         const auto length = static_cast<int>(word >> kMaxCodeBits);
         const std::uint32_t code = word & ((1u << kMaxCodeBits) - 1);
         if (word != 0 && !Add(code, length, difference)) return false;

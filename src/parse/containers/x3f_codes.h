@@ -9,7 +9,7 @@
 
 namespace qmx {
 
-inline constexpr std::size_t kX3fCodeTableBytes = 256 * 4;
+inline constexpr std::size_t kX3fCodeTableBytes = 1024;  // 256 words
 
 // Little-endian.
 inline std::uint32_t LoadU32(const std::uint8_t* p) {

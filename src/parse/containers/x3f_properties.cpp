@@ -86,7 +86,7 @@ void StoreFraction(const PropertyTarget& target, std::string_view text) {
 }
 
 void StoreIso(const PropertyTarget& target, std::string_view text) {
-    std::int32_t speed;
+    std::int32_t speed = 0;
     if (ReadNumber(text, speed)) target.info.isoSpeed = speed;
 }
 
@@ -123,7 +123,7 @@ void StoreLetter(const PropertyTarget& target, std::string_view text) {
 }
 
 void StoreTime(const PropertyTarget& target, std::string_view text) {
-    std::int64_t seconds;
+    std::int64_t seconds = 0;
     if (ReadNumber(text, seconds)) FormatLocalTime(seconds, target.info.dateTimeOriginal);
 }
 
