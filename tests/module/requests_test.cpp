@@ -214,7 +214,7 @@ TEST(Files, ThatCannotBeReadFailEverywhere) {
     EXPECT_EQ(Library().drawDigiText(), 0u);
 }
 
-// No loader reads any raw format yet, which shows that the raw path was taken.
+// A JPEG holds no raw data, so that a refusal shows that the raw path was taken.
 TEST(RawFiles, AreChosenByExtensionFlagAndStream) {
     struct Case {
         const char* name;
