@@ -53,7 +53,7 @@ typedef struct InfoRequest {
                                   file has none, all zero when it has fewer than 14 digits;
                                   wDayOfWeek and wMilliseconds are 0 */
     INT32 imageWidth;          /* pixels, from the Exif pixel dimensions */
-    INT32 imageHeight;
+    INT32 imageHeight;         /* likewise */
     INT32 exposureProgram;     /* Exif code: 1 manual, 2 program, 3 aperture, 4 shutter priority,
                                   5 creative, 6 action, 7 portrait, 8 landscape */
     FLOAT focalLength;         /* mm */

@@ -5,6 +5,10 @@ set(checks ${CMAKE_CURRENT_SOURCE_DIR}/checks)
 find_package(Python3 COMPONENTS Interpreter)
 if(Python3_FOUND)
   add_test(NAME source_rules COMMAND ${Python3_EXECUTABLE} ${checks}/source_rules.py ${PROJECT_SOURCE_DIR})
+  # The page is made from the header.
+  add_test(NAME reference_page COMMAND ${Python3_EXECUTABLE}
+    ${PROJECT_SOURCE_DIR}/docs/make_reference.py --check
+    ${PROJECT_SOURCE_DIR}/include/qmxexif.h ${PROJECT_SOURCE_DIR}/docs/reference.md)
 endif()
 
 if(CMAKE_OBJDUMP AND MINGW)
