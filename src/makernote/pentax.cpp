@@ -213,10 +213,14 @@ void DecipherShutterCount(PentaxNote& note) {
 // Steps of a third from ISO 50 on, steps of a half, or the speed itself.
 std::int32_t IsoSpeed(std::int32_t code) {
     constexpr std::int32_t kThirds[] = {
-        50,   64,   80,   100,  125,  160,  200,  250,  320,  400,   500,   640,   800,   1000,
-        1250, 1600, 2000, 2500, 3200, 4000, 5000, 6400, 8000, 10000, 12800, 16000, 20000, 25600};
-    constexpr std::int32_t kHalves[] = {50,  70,   100,  140,  200,  280,  400, 560,
-                                        800, 1100, 1600, 2200, 3200, 4500, 6400};
+        50,     64,     80,     100,    125,    160,    200,    250,    320,    400,   500,
+        640,    800,    1000,   1250,   1600,   2000,   2500,   3200,   4000,   5000,  6400,
+        8000,   10000,  12800,  16000,  20000,  25600,  32000,  40000,  51200,  64000, 80000,
+        102400, 128000, 160000, 204800, 256000, 320000, 409600, 512000, 640000, 819200};
+    constexpr std::int32_t kHalves[] = {
+        50,    70,    100,    140,    200,    280,    400,    560,    800,   1100,
+        1600,  2200,  3200,   4500,   6400,   9000,   12800,  18000,  25600, 36000,
+        51200, 72000, 102400, 144000, 204800, 288000, 409600, 576000, 819200};
     constexpr std::int32_t kFirstThird = 3;
     constexpr std::int32_t kFirstHalf = 258;
     if (code >= kFirstThird && code < kFirstThird + std::ssize(kThirds))
@@ -239,11 +243,16 @@ void FillUnset(Number& field, Number value) {
     if (!IsSet(field)) field = value;
 }
 
+// A body that cannot know the value, of a lens without contacts say, writes 0.
+void FillUnlessZero(float& field, float value) {
+    if (value > 0.0f) FillUnset(field, value);
+}
+
 void FillExif(const Fields& fields, ImageInfo& info) {
-    FillUnset(info.exposureTime, fields.exposureTime);
-    FillUnset(info.fNumber, fields.fNumber);
+    FillUnlessZero(info.exposureTime, fields.exposureTime);
+    FillUnlessZero(info.fNumber, fields.fNumber);
     FillUnset(info.exposureBias, fields.exposureCompensation);
-    FillUnset(info.focalLength, fields.focalLength);
+    FillUnlessZero(info.focalLength, fields.focalLength);
     FillUnset(info.isoSpeed, IsoSpeed(fields.iso));
     FillUnset(info.meteringMode, ExifMetering(fields.metering));
 }

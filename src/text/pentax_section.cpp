@@ -156,10 +156,14 @@ constexpr PentaxRow kItems[] = {
 void EmitPentaxSection(const ImageInfo& info, const EnumContext& context) {
     wchar_t storage[kValueCapacity];
     const Fields& fields = MakerRecord<Fields>(info);
+    bool hasItem = false;
     for (const PentaxRow& row : kItems) {
+        const bool isDetail = row.place == Place::kDetail;
         TextBuffer value(storage);
-        if (!row.format(fields, value)) continue;
-        if (row.place == Place::kDetail) {
+        const bool shown = (!isDetail || hasItem) && row.format(fields, value);
+        if (!isDetail) hasItem = shown;
+        if (!shown) continue;
+        if (isDetail) {
             EmitSubItem(context, row.label, value.Text());
         } else {
             EmitItem(context, row.label, value.Text());

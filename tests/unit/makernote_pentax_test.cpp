@@ -185,6 +185,13 @@ TEST(PentaxNote, FillsWhatExifLeavesOut) {
     EXPECT_EQ(info.isoSpeed, 100);
     EXPECT_EQ(info.meteringMode, 2);
 
+    Photo unknown;
+    unknown.note.Long(0x0012, {0}).Short(0x0013, {0}).Long(0x001D, {0});
+    info = unknown.Info();
+    EXPECT_EQ(info.exposureTime, FLOAT_UNSET);
+    EXPECT_EQ(info.fNumber, FLOAT_UNSET);
+    EXPECT_EQ(info.focalLength, FLOAT_UNSET);
+
     TiffBuilder tiff;
     IfdBuilder& ifd = tiff.Ifd();
     IfdBuilder& exif = tiff.SubIfd();
@@ -200,10 +207,10 @@ TEST(PentaxNote, FillsWhatExifLeavesOut) {
 
 TEST(PentaxNote, IsoCodes) {
     constexpr std::pair<std::uint32_t, std::int32_t> kCases[] = {
-        {2, INT_UNSET},   {3, 50},          {6, 100},          {9, 200},     {30, 25600},
-        {31, INT_UNSET},  {50, 50},         {1600, 1600},      {3200, 3200}, {6400, INT_UNSET},
-        {150, INT_UNSET}, {257, INT_UNSET}, {258, 50},         {262, 200},   {272, 6400},
-        {273, INT_UNSET}, {0, INT_UNSET},   {65535, INT_UNSET}};
+        {2, INT_UNSET},    {3, 50},          {6, 100},         {9, 200},       {30, 25600},
+        {45, 819200},      {46, INT_UNSET},  {50, 50},         {1600, 1600},   {3200, 3200},
+        {6400, INT_UNSET}, {150, INT_UNSET}, {257, INT_UNSET}, {258, 50},      {262, 200},
+        {272, 6400},       {286, 819200},    {287, INT_UNSET}, {0, INT_UNSET}, {65535, INT_UNSET}};
     for (const auto& [code, speed] : kCases) {
         BareNote note = PentaxNote();
         note.Entries().Short(0x0014, {code});

@@ -96,6 +96,7 @@ TEST(PentaxSection, ConditionsAndFallbacks) {
         {{.saturation = 65535, .hasTwoWordSettings = 1}, {"色の濃さ=なし"}},
         {{.imageProcessing = 0}, {}},
         {{.homeCity = 75, .homeDaylightSaving = 0}, {"現在地=(75)"}},
+        {{.homeDaylightSaving = 1}, {}},
         {{.shutterCount = -1}, {"シャッター回数=4294967295"}},
         {{.dspFirmware = 0x010A0B63}, {"ファームウェア=1.10.11.99"}},
     };
