@@ -29,7 +29,9 @@ constexpr std::size_t kImageSetting = 40;
 constexpr std::size_t kToning = 41;
 constexpr std::size_t kBlockBytes = 42;
 
-constexpr std::int32_t kTonedImage = 6;
+// Image settings without colour, of which the camera can tone both.
+constexpr std::int32_t kBlackAndWhite = 3;
+constexpr std::int32_t kToned = 6;
 
 // As much of the block as the note has; what is beyond stays unset.
 struct ImageBlock {
@@ -63,8 +65,9 @@ void StoreImageBlock(ParseContext& ctx, const DirEntry& entry, Fields& fields) {
     fields.whiteBalance = block.Byte(kWhiteBalance);
     fields.isoSetting = block.Byte(kIsoSetting);
     fields.imageSetting = block.Byte(kImageSetting);
-    // The byte means something with toned pictures alone.
-    if (fields.imageSetting == kTonedImage) fields.toning = block.Byte(kToning);
+    // The byte means something with these alone.
+    if (fields.imageSetting == kBlackAndWhite || fields.imageSetting == kToned)
+        fields.toning = block.Byte(kToning);
     AddPreview(ctx, block);
 }
 

@@ -59,6 +59,8 @@ TEST(RicohNote, RulesOfSingleTags) {
     soft.sharpness = 2;
     Fields vivid = sharp;
     vivid.isoSetting = 7, vivid.whiteBalance = 3, vivid.imageSetting = 9;
+    Fields grey = vivid;
+    grey.imageSetting = 3, grey.toning = 4;
     struct Case {
         const char* what;
         void (*fill)(IfdBuilder&);
@@ -76,6 +78,8 @@ TEST(RicohNote, RulesOfSingleTags) {
          [](IfdBuilder& n) { n.Short(0x1001, {2, 3, 4}).Short(0x1003, {1}); }, {}},
         {"toning belongs to toned pictures",
          [](IfdBuilder& n) { n.Undefined(0x1001, Block(42, 9)); }, vivid},
+        {"and to black and white ones",
+         [](IfdBuilder& n) { n.Undefined(0x1001, Block(42, 3)); }, grey},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
