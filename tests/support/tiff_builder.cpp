@@ -142,6 +142,11 @@ IfdBuilder& TiffBuilder::Add(bool chained) {
 IfdBuilder& TiffBuilder::Ifd() { return Add(true); }
 IfdBuilder& TiffBuilder::SubIfd() { return Add(false); }
 
+TiffBuilder& TiffBuilder::Header(std::string_view header) {
+    header_ = FromText(header);
+    return *this;
+}
+
 TiffBuilder& TiffBuilder::Trailer(Bytes bytes) {
     trailer_ = std::move(bytes);
     return *this;
@@ -153,7 +158,9 @@ TiffBuilder& TiffBuilder::LastNextOffset(std::uint32_t offset) {
 }
 
 Bytes TiffBuilder::Build() {
-    std::uint32_t position = 8;
+    constexpr std::uint32_t kTiffHeader = 8;
+    std::uint32_t position =
+        header_.empty() ? kTiffHeader : static_cast<std::uint32_t>(header_.size());
     std::vector<IfdBuilder*> chain;
     for (IfdBuilder* ifd : ifds_) {
         ifd->position_ = position;
@@ -162,8 +169,12 @@ Bytes TiffBuilder::Build() {
     }
 
     ByteWriter file(order_);
-    file.Raw(FromText(order_ == Order::kLittle ? "II" : "MM")).U16(42);
-    file.U32(chain.empty() ? lastNext_ : chain.front()->position_);
+    if (header_.empty()) {
+        file.Raw(FromText(order_ == Order::kLittle ? "II" : "MM")).U16(42);
+        file.U32(chain.empty() ? lastNext_ : chain.front()->position_);
+    } else {
+        file.Raw(header_);
+    }
     std::size_t chained = 0;
     for (IfdBuilder* ifd : ifds_) {
         Bytes values;

@@ -88,6 +88,9 @@ public:
 
     IfdBuilder& Ifd();     // the next directory of the chain
     IfdBuilder& SubIfd();  // one that only a link leads to
+    // In place of the TIFF header: offsets count from its start and the first directory follows it,
+    // as in the MakerNotes that stand for themselves.
+    TiffBuilder& Header(std::string_view header);
     // Bytes that follow everything else.
     TiffBuilder& Trailer(Bytes bytes);
     // The next-directory offset of the last chained directory.
@@ -100,6 +103,7 @@ private:
 
     Order order_;
     std::vector<IfdBuilder*> ifds_;
+    Bytes header_;
     Bytes trailer_;
     std::uint32_t lastNext_ = 0;
 };
