@@ -7,7 +7,7 @@
 #include "makernote/decoders.h"
 #include "makernote/maker_record.h"
 #include "makernote/nikon_note.h"
-#include "parse/core/jpeg.h"
+#include "makernote/preview_record.h"
 
 namespace qmx {
 namespace {
@@ -136,21 +136,12 @@ constexpr TagRow<PreviewDirectory> kPreviewTags[] = {
 };
 static_assert(TagsAscend(kPreviewTags));
 
-void StorePreview(ParseContext& ctx, const DirEntry& entry, NikonNote& note) {
+void StorePreview(ParseContext& ctx, const DirEntry& entry, NikonNote&) {
     PreviewDirectory found;
     SeekToOffset(ctx, ReadUnsigned(ctx, entry));
     const std::uint32_t count = ReadU16(ctx);
     WalkTable(ctx, count, found, kPreviewTags);
-    const std::uint32_t position = ctx.tiffBase + found.jpegOffset;
-    ImageRecord frame = {};
-    if (found.jpegLength == 0 || !ProbeJpegFrame(ctx, position, frame)) return;
-    ImageRecord* const record = note.preview.Record(ctx);
-    if (record == nullptr) return;
-    record->compression = kCompressionOldJpeg;
-    record->jpegOffset = position;
-    record->jpegLength = found.jpegLength;
-    record->width = frame.width;
-    record->height = frame.height;
+    AddJpegPreview(ctx, ctx.tiffBase + found.jpegOffset, found.jpegLength);
 }
 
 // clang-format off

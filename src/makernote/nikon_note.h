@@ -6,7 +6,6 @@
 #include <cstdint>
 
 #include "makernote/nikon_fields.h"
-#include "makernote/note_preview.h"
 #include "parse/core/entry_walk.h"
 
 namespace qmx {
@@ -22,7 +21,6 @@ struct NikonLensSource {
 
 struct NikonNote {
     NikonMakerFields& fields;
-    NotePreview preview = {};
     NikonLensSource lens = {};
 };
 

@@ -7,18 +7,17 @@ namespace qmx {
 namespace {
 
 // Minolta's and Sony's cameras damage the first byte; delivering the picture mends it.
-bool StartsImage(ParseContext& ctx, std::uint32_t position) {
+bool HoldsImage(ParseContext& ctx, std::uint32_t position, std::uint32_t length) {
     const CursorScope restoreCursor(ctx);
     SeekTo(ctx, static_cast<std::int32_t>(position));
-    return (ReadU16BE(ctx) & 0xFF) == kJpegSoi;
+    return length != 0 && BytesLeft(ctx) >= length && (ReadU16BE(ctx) & 0xFF) == kJpegSoi;
 }
 
 }  // namespace
 
 bool AddJpegPreview(ParseContext& ctx, std::uint32_t position, std::uint32_t length) {
     ImageRecord frame = {};
-    if (length == 0 || !StartsImage(ctx, position) || !ProbeJpegFrame(ctx, position, frame))
-        return false;
+    if (!HoldsImage(ctx, position, length) || !ProbeJpegFrame(ctx, position, frame)) return false;
     const std::size_t index = ctx.imageRecords.Add();
     if (index == ImageRecordList::kNone) return false;
     ImageRecord& record = ctx.imageRecords[index];

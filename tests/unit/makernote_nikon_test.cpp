@@ -397,6 +397,7 @@ TEST(NikonNote, LensDataThatSayNothing) {
 
 Bytes Deliver(const Bytes& file) {
     BytesContext context(file);
+    context.ctx.wantPrimary = 1;
     MemoryStream stream;
     context.ctx.outStream = &stream;
     ParseContainer(context.ctx, false);
@@ -419,6 +420,13 @@ TEST(NikonNote, PreviewIsDelivered) {
     EXPECT_EQ(Deliver(photo(jpeg, 0, 1)), Bytes());
     EXPECT_EQ(Deliver(photo(jpeg, 0x7FFFFFFF, 1)), Bytes());
     EXPECT_EQ(Deliver(photo(Bytes(40, 0), 40, 1)), Bytes());
+    NikonFile two;  // the larger one is cut off: the choice is among the others
+    IfdBuilder& cut = two.Below();
+    IfdBuilder& whole = two.Below();
+    two.Note().Link(0x0011, {&cut}).Link(0x0011, {&whole});
+    cut.Data(0x0201, JpegStream({}, 3000, 2000)).Long(0x0202, {1 << 20});
+    whole.Data(0x0201, jpeg).Long(0x0202, {length});
+    EXPECT_EQ(Deliver(two.Build()), jpeg);
     for (const std::uint32_t nowhere : {0u, 8u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
         NikonFile file;
         file.Note().Long(0x0011, {nowhere}).Short(0x001E, {1});
