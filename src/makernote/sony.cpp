@@ -21,8 +21,10 @@ struct SonyNote {
 };
 
 // All ones say "not available".
+constexpr std::int32_t kNoWord = 0xFFFF;
+
 bool IsAvailable(const DirEntry& entry, double value) {
-    if (entry.type == kTypeShort) return value != 0xFFFF;
+    if (entry.type == kTypeShort) return value != kNoWord;
     return entry.type != kTypeLong || value != 0xFFFFFFFF;
 }
 
@@ -61,15 +63,17 @@ void StorePreview(ParseContext& ctx, const DirEntry& entry, SonyNote&) {
 }
 
 void StoreHdr(ParseContext& ctx, const DirEntry& entry, SonyNote& note) {
-    if (entry.count == 0) return;
-    note.fields.sonyHdr = ReadU16(ctx);
+    const std::int32_t level = ReadU16(ctx);
+    if (entry.count == 0 || level == kNoWord) return;
+    note.fields.sonyHdr = level;
     note.fields.sonyHdrImage = ReadU16(ctx);
 }
 
 void StoreQualityPair(ParseContext& ctx, const DirEntry& entry, SonyNote& note) {
     if (entry.count < 2) return;
     const std::int32_t raw = ReadU16(ctx);
-    note.fields.sonyQuality2 = raw * 256 + ReadU16(ctx);
+    const std::int32_t jpeg = ReadU16(ctx);
+    if (raw != kNoWord && jpeg != kNoWord) note.fields.sonyQuality2 = raw * 256 + jpeg;
 }
 
 void StoreFileFormat(ParseContext& ctx, const DirEntry& entry, SonyNote& note) {

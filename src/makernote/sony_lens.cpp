@@ -79,6 +79,11 @@ bool ModelBeginsWith(const ImageInfo& info, std::string_view prefix) {
     return FieldText(info.cameraModel).starts_with(prefix);
 }
 
+// Cameras with a fixed lens write blocks of the same tags.
+bool HasFixedLens(const ImageInfo& info) {
+    return ModelBeginsWith(info, "DSC-") || ModelBeginsWith(info, "ZV-1");
+}
+
 // A-mount bodies have something else there.
 bool TakeLens940C(ParseContext& ctx, const SettingsBlock& block, SonyMakerFields& fields) {
     for (const std::string_view prefix : {"NEX-", "ILCE-", "ILME-", "ZV-"})
@@ -116,8 +121,7 @@ void FindSonyLens(ParseContext& ctx, const SonyLensBlocks& blocks, SonyMakerFiel
         return;
     }
     fields.sonyLensId = INT_UNSET;
-    // Cameras with a fixed lens write blocks of the same tags.
-    if (ModelBeginsWith(ctx.info, "DSC-") || TakeFirstLens(ctx, blocks, fields)) return;
+    if (HasFixedLens(ctx.info) || TakeFirstLens(ctx, blocks, fields)) return;
     if (tagId != kNoAMountLens) return;
     fields.sonyLensId = 0;
     fields.sonyMount = kSonyEMount;

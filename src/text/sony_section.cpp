@@ -34,7 +34,7 @@ constexpr ItemRow kItems[] = {
                               SonySetting<&Fields::sonyMetering, kSonyMeteringSet1Names, kSonyMeteringSet3Names>>},
     {L"露出補正", ItemNumber<&Fields::sonyExposureCompSet, FormatExposureBias>},
     {L"ISOセッティング", FormatSonyIso},
-    {L"ドライブモード", FirstItem<SonySetting<&Fields::sonyDriveMode, kSonyDriveModeSet1Names, kSonyDriveModeSet3Names>,
+    {L"ドライブモード", FirstItem<FormatSonyDriveSetting,
                                   ItemCode<&Fields::minoltaDriveModeA100, kMinoltaDriveModeA100Names>,
                                   ItemCode<&Fields::sonyReleaseMode, kSonyReleaseModeNames>>},
     {L"連続撮影時の連番", ItemNumber<&Fields::sonySequenceNumber, FormatCount, 0>, Place::kDetail},

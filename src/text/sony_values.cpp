@@ -69,6 +69,17 @@ bool FormatSonyHdr(const ImageInfo& info, TextBuffer& dst) {
     return true;
 }
 
+bool FormatSonyDriveSetting(const ImageInfo& info, TextBuffer& dst) {
+    constexpr std::int32_t kMirrorUp = 11;  // of bodies that have it
+    const Fields& note = SonyNote(info);
+    if (note.sonySettingsForm == kSonyWordsSet2 && note.sonyDriveMode == kMirrorUp) {
+        dst.Append(L"連続セルフタイマー");
+        return true;
+    }
+    return SonySetting<&Fields::sonyDriveMode, kSonyDriveModeSet1Names, kSonyDriveModeSet3Names>(
+        info, dst);
+}
+
 bool FormatSonyHighIsoSetting(const ImageInfo& info, TextBuffer& dst) {
     const Fields& note = SonyNote(info);
     if (note.sonySettingsForm == kSonyWordsSet2)

@@ -24,6 +24,7 @@ bool FormatSonyIso(const ImageInfo& info, TextBuffer& dst);
 bool FormatSonyAfArea(const ImageInfo& info, TextBuffer& dst);
 bool FormatSonyCreativeStyle(const ImageInfo& info, TextBuffer& dst);
 bool FormatSonyHdr(const ImageInfo& info, TextBuffer& dst);
+bool FormatSonyDriveSetting(const ImageInfo& info, TextBuffer& dst);
 bool FormatSonyHighIsoSetting(const ImageInfo& info, TextBuffer& dst);
 bool FormatSonyLensDescription(const ImageInfo& info, TextBuffer& dst);
 bool FormatSonyFileFormat(const ImageInfo& info, TextBuffer& dst);

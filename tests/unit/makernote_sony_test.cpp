@@ -98,6 +98,17 @@ TEST(SonyNote, EveryTagHasItsField) {
     EXPECT_TRUE(HoldsRecord(note.Decode(), expected));
 }
 
+TEST(SonyNote, AllOnesSayNothing) {
+    BareNote note(kMakerSony, kHeader, kSonyA100);
+    note.Entries()
+        .Long(0x0115, {kNone32})
+        .Long(0x200A, {kNone32})
+        .Short(0x202E, {1, 0xFFFF})
+        .Short(0xB041, {0xFFFF})
+        .Value(0xB048, 8, 1, {0xFF, 0xFF});
+    EXPECT_TRUE(HoldsRecord(note.Decode(), Fields{}));
+}
+
 TEST(SonyNote, HeaderIsTestedFirstTheModelOnlyWithoutIt) {
     for (const auto& [header, model, decoded] : {std::tuple{kHeader, 0, true},
                                                  {kHeader, 8504, true},
@@ -191,6 +202,8 @@ TEST(SonyNote, LensComesFromTheMostTrustedBlock) {
         {"ILCE-7SM3", 8575, 65535, {{0x9050, of9050}}, 0, 1},
         {"NEX-5", 8470, 65535, {{0x0114, plain}}, 32784, 1},
         {"DSC-RX100", 8489, 65535, {{0x9405, late}}, INT_UNSET, INT_UNSET},
+        {"ZV-1", 8572, 65535, {{0x9405, late}}, INT_UNSET, INT_UNSET},
+        {"ZV-E10", 8574, 65535, {{0x940C, c94}}, 32784, 1},
         {"DSC-W1", 256, INT_UNSET, {}, INT_UNSET, INT_UNSET},
         {"ILCE-7M3", 8555, 65535, {{0x9405, Bytes(0x5F, 0x3A)}}, 0, 1},
     };

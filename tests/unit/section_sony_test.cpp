@@ -81,6 +81,8 @@ TEST(SonySection, SourcesAndCodeSets) {
         {{.sonyAfAreaMode2 = 11}, {"AFエリアモード=ゾーン"}, "ILCE-6000"},
         {{.sonySettingsForm = 1, .sonyMetering = 4}, {"測光モード=スポット測光"}},
         {{.sonySettingsForm = 3, .sonyMetering = 4}, {"測光モード=(4)"}},
+        {{.sonySettingsForm = 1, .sonyDriveMode = 11}, {"ドライブモード=ミラーアップ"}},
+        {{.sonySettingsForm = 2, .sonyDriveMode = 11}, {"ドライブモード=連続セルフタイマー"}},
         {{.sonySettingsForm = 1, .sonyHighNrSet = 0}, {"高感度ノイズ低減=標準"}},
         {{.sonySettingsForm = 2, .sonyHighNrSet = 0}, {"高感度ノイズ低減=オフ"}},
         {{.sonySettingsForm = 3, .sonyHighNrSet = 19}, {"高感度ノイズ低減=オート"}},
