@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 
 #include "makernote/decoders.h"
 #include "makernote/maker_record.h"
@@ -20,12 +21,16 @@ void InFields(ParseContext& ctx, const DirEntry& entry, NikonNote& note) {
 }
 
 // Texts are filled up with blanks to a fixed length.
-template <auto Field>
-void StoreTrimmed(ParseContext& ctx, const DirEntry& entry, NikonNote& note) {
-    auto& field = note.fields.*Field;
-    ReadString(ctx, field, entry.count);
+template <std::size_t Size>
+void TrimBlanks(char (&field)[Size]) {
     for (std::size_t end = FieldText(field).size(); end > 0 && field[end - 1] == ' '; --end)
         field[end - 1] = 0;
+}
+
+template <auto Field>
+void StoreTrimmed(ParseContext& ctx, const DirEntry& entry, NikonNote& note) {
+    ReadString(ctx, note.fields.*Field, entry.count);
+    TrimBlanks(note.fields.*Field);
 }
 
 // What a signed number cannot hold is the camera's way of saying that it does not know.
@@ -105,8 +110,12 @@ void StoreRetouchHistory(ParseContext& ctx, const DirEntry& entry, NikonNote& no
 }
 
 void StoreSerialNumber(ParseContext& ctx, const DirEntry& entry, NikonNote& note) {
-    StoreTrimmed<&Fields::nikonSerialNumber>(ctx, entry, note);
+    auto& serial = note.fields.nikonSerialNumber;
+    ReadString(ctx, serial, entry.count);
+    const std::string_view text = FieldText(serial);
     note.lens.hasSerialNumber = true;
+    note.lens.isSerialNumeric = !text.empty() && text.find_first_not_of("0123456789") == text.npos;
+    TrimBlanks(serial);
 }
 
 void StoreShutterCount(ParseContext& ctx, const DirEntry& entry, NikonNote& note) {

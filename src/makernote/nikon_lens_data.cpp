@@ -46,14 +46,12 @@ const LensLayout* FindLayout(std::string_view version) {
     return nullptr;
 }
 
-// The number in the serial text; bodies that write none have a constant each.
-std::uint32_t CipherSerial(std::string_view text, std::int32_t modelId) {
+// The number in the serial text; bodies that write anything else have a constant each.
+std::uint32_t CipherSerial(std::string_view text, bool isNumeric, std::int32_t modelId) {
     constexpr std::int32_t kD50 = 4105;
     constexpr std::uint32_t kD50Serial = 0x22;
     constexpr std::uint32_t kOtherSerial = 0x60;
-    const bool isNumber =
-        !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-    if (!isNumber) return modelId == kD50 ? kD50Serial : kOtherSerial;
+    if (!isNumeric) return modelId == kD50 ? kD50Serial : kOtherSerial;
     std::uint32_t serial = 0;
     for (const char digit : text) serial = serial * 10 + static_cast<std::uint32_t>(digit - '0');
     return serial;
@@ -101,9 +99,9 @@ void DecodeNikonLensData(ParseContext& ctx, const NikonLensSource& source,
     if (layout == nullptr) return;
     if (version[1] >= '2') {
         if (!source.hasSerialNumber || !source.hasShutterCount) return;
-        const std::string_view serial = FieldText(fields.nikonSerialNumber);
-        DecipherNikon(block.subspan(kVersionBytes), CipherSerial(serial, ctx.info.modelId),
-                      source.shutterCount);
+        const std::uint32_t serial = CipherSerial(FieldText(fields.nikonSerialNumber),
+                                                  source.isSerialNumeric, ctx.info.modelId);
+        DecipherNikon(block.subspan(kVersionBytes), serial, source.shutterCount);
     }
     if (layout->lens != 0 && block.size() >= layout->lens + kLensBytes)
         StoreLensId(block.subspan(layout->lens, kLensBytes), fields);

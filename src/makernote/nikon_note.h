@@ -17,6 +17,7 @@ struct NikonLensSource {
     std::uint32_t shutterCount = 0;
     bool hasShutterCount = false;
     bool hasSerialNumber = false;
+    bool isSerialNumeric = false;  // the text as stored, blanks included
 };
 
 struct NikonNote {
