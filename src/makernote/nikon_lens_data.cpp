@@ -63,9 +63,15 @@ void AppendHexByte(char*& end, std::int32_t byte) {
     *end++ = kDigits[byte & 15];
 }
 
+// All bytes are zero when a lens tells nothing.  The type of a manual lens without contacts is the
+// one that makes this an id all the same; on a Z body it is a lens of that mount.
+bool IsSilent(std::span<const std::uint8_t> lens, bool isZBody, const NikonMakerFields& fields) {
+    constexpr std::int32_t kManual = 1;
+    if (!isZBody && fields.nikonLensType == kManual) return false;
+    return std::all_of(lens.begin(), lens.end(), [](std::uint8_t byte) { return byte == 0; });
+}
+
 void StoreLensId(std::span<const std::uint8_t> lens, NikonMakerFields& fields) {
-    // No F-mount lens on the camera.
-    if (std::all_of(lens.begin(), lens.end(), [](std::uint8_t byte) { return byte == 0; })) return;
     fields.nikonLensIdNumber = lens[0];
     if (!IsSet(fields.nikonLensType)) return;
     static_assert(sizeof fields.nikonLensIdText > 2 * (kLensBytes + 1));
@@ -103,8 +109,10 @@ void DecodeNikonLensData(ParseContext& ctx, const NikonLensSource& source,
                                                   source.isSerialNumeric, ctx.info.modelId);
         DecipherNikon(block.subspan(kVersionBytes), serial, source.shutterCount);
     }
-    if (layout->lens != 0 && block.size() >= layout->lens + kLensBytes)
-        StoreLensId(block.subspan(layout->lens, kLensBytes), fields);
+    if (layout->lens != 0 && block.size() >= layout->lens + kLensBytes) {
+        const std::span<const std::uint8_t> lens = block.subspan(layout->lens, kLensBytes);
+        if (!IsSilent(lens, layout->zNumber != 0, fields)) StoreLensId(lens, fields);
+    }
     if (layout->name != 0 && block.size() >= layout->name + kNameBytes)
         StoreLensName(block.subspan(layout->name, kNameBytes), fields);
     if (layout->zNumber != 0 && block.size() >= layout->zNumber + 2u) {

@@ -383,12 +383,20 @@ TEST(NikonNote, LensDataOfEveryVersion) {
     }
 }
 
-// No F-mount lens; a name under another cipher.
+// No lens, or a manual one without contacts; a name under another cipher.
 TEST(NikonNote, LensDataThatSayNothing) {
-    NikonFile empty;
-    empty.Note().Byte(0x0083, {6}).Undefined(0x0098, FromText("0100") + Bytes(16, 0));
-    EXPECT_EQ(FieldsOf(empty.Info()).nikonLensIdNumber, INT_UNSET);
-    EXPECT_EQ(FieldText(FieldsOf(empty.Info()).nikonLensIdText), "");
+    for (const std::uint32_t lensType : {6u, 1u}) {
+        NikonFile empty;
+        empty.Note().Byte(0x0083, {lensType}).Undefined(0x0098, FromText("0100") + Bytes(16, 0));
+        const Fields fields = FieldsOf(empty.Info());
+        EXPECT_EQ(fields.nikonLensIdNumber, lensType == 1 ? 0 : INT_UNSET);
+        EXPECT_EQ(FieldText(fields.nikonLensIdText), lensType == 1 ? "0000000000000001" : "");
+    }
+    Bytes native = FromText("0800") + Bytes(104, 0);
+    DecipherNikon(std::span(native).subspan(4), 1, 1);
+    NikonFile z;
+    z.Note().Ascii(0x001D, "1").Byte(0x0083, {1}).Undefined(0x0098, native).Long(0x00A7, {1});
+    EXPECT_EQ(FieldText(FieldsOf(z.Info()).nikonLensIdText), "");
 
     NikonFile garbled;
     garbled.Note().Ascii(0x001D, "1").Undefined(0x0098, FromText("0400") + Bytes(454, 0x55));
