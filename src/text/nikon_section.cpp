@@ -1,13 +1,12 @@
 // Nikon's part of the texts.
 
-#include "makernote/maker_record.h"
 #include "makernote/nikon_fields.h"
 #include "parse/core/numeric.h"
+#include "text/item_row.h"
 #include "text/lens_text.h"
 #include "text/maker_sections.h"
 #include "text/nikon_lenses.h"
 #include "text/nikon_names.h"
-#include "text/text_row.h"
 
 namespace qmx {
 namespace {
@@ -271,45 +270,38 @@ bool OfNote(const ImageInfo& info, TextBuffer& dst) {
     return Format(MakerRecord<Fields>(info), dst);
 }
 
-enum class Place { kItem, kDetail };  // a detail belongs to the item before it
-
-struct NikonRow {
-    const wchar_t* label;
-    bool (*format)(const ImageInfo& info, TextBuffer& dst);
-    Place place = Place::kItem;
-};
-
-// One row per line, to be proof-read.
+// One row per line, to be proof-read.  Details that make sense alone do not depend on an item that
+// the camera may leave out.
 // clang-format off
-constexpr NikonRow kItems[] = {
+constexpr ItemRow kItems[] = {
     {L"バージョン", OfNote<FormatVersion>},
     {L"画質モード", OfNote<Prefixed<&Fields::nikonQuality, kNikonQualityNames>>},
-    {L"RAW圧縮", OfNote<Named<&Fields::nikonNefCompression, kNikonNefCompressionNames>>, Place::kDetail},
+    {L"RAW圧縮", OfNote<Named<&Fields::nikonNefCompression, kNikonNefCompressionNames>>, Place::kDetailOrItem},
     {L"ホワイトバランス", OfNote<FormatWhiteBalance>},
-    {L"光源", OfNote<Prefixed<&Fields::nikonLightSource, kNikonLightSourceNames>>, Place::kDetail},
+    {L"光源", OfNote<Prefixed<&Fields::nikonLightSource, kNikonLightSourceNames>>, Place::kDetailOrItem},
     {L"撮影モード", OfNote<Either<Prefixed<&Fields::nikonVariProgram, kNikonVariProgramNames>,
                                   Prefixed<&Fields::nikonSceneMode, kNikonSceneModeNames>>>},
-    {L"シーン補助", OfNote<Text<&Fields::nikonSceneAssist>>, Place::kDetail},
+    {L"シーン補助", OfNote<Text<&Fields::nikonSceneAssist>>, Place::kDetailOrItem},
     {L"フォーカスモード", OfNote<Prefixed<&Fields::nikonFocusMode, kNikonFocusModeNames>>},
     {L"AFエリアモード", OfNote<FormatAfAreaMode>},
     {L"フォーカスポイント", OfNote<FormatFocusPoint>, Place::kDetail},
     {L"合焦ポイント", OfNote<Flags<&Fields::nikonAfPointsInFocus, kNikonAfPointsInFocusNames>>, Place::kDetail},
-    {L"AF微調節", OfNote<FormatAfTune>, Place::kDetail},
+    {L"AF微調節", OfNote<FormatAfTune>, Place::kDetailOrItem},
     {L"AF応答", OfNote<Prefixed<&Fields::nikonAfResponse, kNikonAfResponseNames>>},
     {L"撮影距離", OfNote<FormatFocusDistance>},
     {L"フラッシュモード", OfNote<Prefixed<&Fields::nikonFlashSetting, kNikonFlashSettingNames>>},
-    {L"フラッシュ", OfNote<Named<&Fields::nikonFlashMode, kNikonFlashModeNames>>, Place::kDetail},
-    {L"発光方式", OfNote<Prefixed<&Fields::nikonFlashType, kNikonFlashTypeNames>>, Place::kDetail},
+    {L"フラッシュ", OfNote<Named<&Fields::nikonFlashMode, kNikonFlashModeNames>>, Place::kDetailOrItem},
+    {L"発光方式", OfNote<Prefixed<&Fields::nikonFlashType, kNikonFlashTypeNames>>, Place::kDetailOrItem},
     {L"フラッシュ光量補正", OfNote<ExposureValue<&Fields::nikonFlashComp>>},
-    {L"外部ストロボ補正", OfNote<ExposureValue<&Fields::nikonExternalFlashComp>>, Place::kDetail},
-    {L"フラッシュブラケット", OfNote<ExposureValue<&Fields::nikonFlashBracket>>, Place::kDetail},
+    {L"外部ストロボ補正", OfNote<ExposureValue<&Fields::nikonExternalFlashComp>>, Place::kDetailOrItem},
+    {L"フラッシュブラケット", OfNote<ExposureValue<&Fields::nikonFlashBracket>>, Place::kDetailOrItem},
     {L"露出差", OfNote<ExposureValue<&Fields::nikonExposureDifference>>},
     {L"プログラムシフト", OfNote<ExposureValue<&Fields::nikonProgramShift>>},
     {L"露出ブラケット", OfNote<ExposureValue<&Fields::nikonExposureBracket>>},
     {L"ドライブモード", FormatDriveMode},
     {L"ISOセッティング", OfNote<Either<Number<&Fields::nikonIsoSetting>,
                                        Prefixed<&Fields::nikonIsoSelection, kNikonIsoSelectionNames>>>},
-    {L"拡張ISO", OfNote<FormatIsoExpansion>, Place::kDetail},
+    {L"拡張ISO", OfNote<FormatIsoExpansion>, Place::kDetailOrItem},
     {L"シャープネス", OfNote<Prefixed<&Fields::nikonSharpening, kNikonSharpeningNames>>},
     {L"階調補正", OfNote<Prefixed<&Fields::nikonToneComp, kNikonToneCompNames>>},
     {L"色の濃さ", OfNote<Either<Prefixed<&Fields::nikonSaturation, kNikonSaturationNames>,
@@ -346,20 +338,20 @@ constexpr NikonRow kItems[] = {
     {L"撮像範囲", OfNote<Named<&Fields::nikonCropHiSpeed, kNikonCropHiSpeedNames>>},
     {L"デジタルズーム", OfNote<FormatDigitalZoom>},
     {L"レンズ情報", OfNote<FormatLens>},
-    {L"レンズ種類", OfNote<Flags<&Fields::nikonLensType, kNikonLensTypeNames>>, Place::kDetail},
+    {L"レンズ種類", OfNote<Flags<&Fields::nikonLensType, kNikonLensTypeNames>>, Place::kDetailOrItem},
     {L"焦点距離", OfNote<FormatFocalRange>, Place::kDetail},
-    {L"絞り段数", OfNote<Formatted<&Fields::nikonLensFStops, FormatTenths, kStops>>, Place::kDetail},
+    {L"絞り段数", OfNote<Formatted<&Fields::nikonLensFStops, FormatTenths, kStops>>, Place::kDetailOrItem},
     {L"コンバーター", OfNote<Prefixed<&Fields::nikonAuxiliaryLens, kNikonAuxiliaryLensNames>>},
     {L"多重露出", OfNote<Named<&Fields::nikonMultiExposureMode, kNikonMultiExposureModeNames>>},
     {L"コマ数", OfNote<Number<&Fields::nikonMultiExposureShots>>, Place::kDetail},
     {L"日付写し込み", OfNote<Named<&Fields::nikonDateStamp, kNikonDateStampNames>>},
     {L"画像編集", OfNote<FormatRetouchHistory>},
     {L"シャッター方式", OfNote<Named<&Fields::nikonShutterMode, kNikonShutterModeNames>>},
-    {L"メカシャッター回数", OfNote<Number<&Fields::nikonMechanicalShutterCount>>, Place::kDetail},
+    {L"メカシャッター回数", OfNote<Number<&Fields::nikonMechanicalShutterCount>>, Place::kDetailOrItem},
     {L"静音撮影", OfNote<Named<&Fields::nikonSilent, kNikonSilentNames>>},
     {L"シリアル番号", OfNote<Either<Text<&Fields::nikonSerialNumber>, Text<&Fields::nikonSerialNumber2>>>},
     {L"レリーズ回数", OfNote<Either<Number<&Fields::nikonShutterCount>, Number<&Fields::nikonImageCount>>>},
-    {L"削除画像数", OfNote<Number<&Fields::nikonDeletedImageCount>>, Place::kDetail},
+    {L"削除画像数", OfNote<Number<&Fields::nikonDeletedImageCount>>, Place::kDetailOrItem},
     {L"ファイル番号", OfNote<FormatFileNumber>},
     {L"電源オン日時", OfNote<FormatPowerUpTime>},
 };
@@ -368,20 +360,7 @@ constexpr NikonRow kItems[] = {
 }  // namespace
 
 void EmitNikonSection(const ImageInfo& info, const EnumContext& context) {
-    wchar_t storage[kValueCapacity];
-    bool hasItem = false;
-    for (const NikonRow& row : kItems) {
-        if (row.place == Place::kDetail && !hasItem) continue;
-        TextBuffer value(storage);
-        const bool hasValue = row.format(info, value);
-        if (row.place == Place::kItem) hasItem = hasValue;
-        if (!hasValue) continue;
-        if (row.place == Place::kItem) {
-            EmitItem(context, row.label, value.Text());
-        } else {
-            EmitSubItem(context, row.label, value.Text());
-        }
-    }
+    EmitItemRows(info, kItems, context);
 }
 
 bool AppendNikonLens(const ImageInfo& info, TextBuffer& dst) {

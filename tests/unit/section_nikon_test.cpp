@@ -119,7 +119,8 @@ TEST(NikonSection, ConditionsAndFallbacks) {
         {{.nikonVersion = {0, 2, 0, 0}}, {"バージョン=2.0"}},
         {{.nikonQuality = "VGA BASIC"}, {"画質モード=(VGA BASIC)"}},
         {{.nikonQuality = "NRW"}, {"画質モード=RAW"}},
-        {{.nikonNefCompression = 3}, {}},  // a detail without its item
+        {{.nikonFlashMode = 0, .nikonNefCompression = 3}, {"RAW圧縮=ロスレス圧縮", "フラッシュ=発光せず"}},
+        {{.nikonVrMode = 2, .nikonPcHue = 4}, {}},  // details that say nothing without their items
         {{.nikonWhiteBalance = "5000K", .nikonWbFineTune = {0, INT_UNSET}},
          {"ホワイトバランス=(5000K) (±0)"}},
         {{.nikonWbFineTune = {1, 1}}, {}},

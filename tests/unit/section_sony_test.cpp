@@ -91,7 +91,8 @@ TEST(SonySection, SourcesAndCodeSets) {
         {{.sonyFlashLevel = -32768}, {"フラッシュ光量補正=弱"}},
         {{.sonyCreativeStyle = "Odd"}, {"クリエイティブスタイル=(Odd)"}},
         {{.sonyFileFormat = static_cast<std::int32_t>(0xFFFEFDFC)}, {"ファイル形式=(255 254 253 252)"}},
-        {{.sonyLensSpec = {0, 0, 0x50, 0, 0, 0x18, 0, 0}}, {}},  // a detail without its item
+        {{.sonyLensSpec = {0, 0, 0x50, 0, 0, 0x18, 0, 0}}, {"レンズ仕様=50mm F1.8"}},  // a fixed one
+        {{.sonyAfPoint = 1}, {}},  // a detail without its item
         {{.sonySequenceNumber = 0, .sonyRating = 0}, {}},
     };
     for (const Case& c : cases) EXPECT_EQ(ListMakerNote(InfoOf(c.fields, c.model)), c.lines);
