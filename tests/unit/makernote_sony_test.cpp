@@ -128,33 +128,64 @@ TEST(SonyNote, HeaderIsTestedFirstTheModelOnlyWithoutIt) {
 TEST(SonyNote, FormsOfTheSettings) {
     struct Case {
         std::size_t bytes, element;
-        std::int32_t form, drive, iso, contrast, balance;
-        float exposure;
+        std::vector<std::pair<std::size_t, std::uint32_t>> elements;
+        std::int32_t orientation;
+        Fields fields;
     };
-    // Every element holds its own index and 128 more.
+    // clang-format off
+    const std::vector<std::pair<std::size_t, std::uint32_t>> set1 = {
+        {3, 152}, {4, 0x1218}, {5, 33}, {6, 2}, {7, 43}, {16, 3}, {17, 2}, {18, 7}, {19, 4},
+        {20, 104}, {21, 2}, {22, 80}, {24, 1}, {26, 6}, {28, 13}, {29, 7}, {30, 10}, {34, 9},
+        {35, 2}, {43, 1}, {44, 2}, {60, 3}, {61, 1}, {63, 1}, {84, 3}, {85, 1}, {86, 35}};
+    const Fields fields1 = {
+        .sonyWbFineTune = 2, .sonyContrast = -3, .sonySaturation = 0, .sonySharpness = 3,
+        .sonyBrightness = -1, .sonySettingsForm = kSonyWordsSet1, .sonyProgram = 3,
+        .sonyQualitySetting = 35, .sonyWbSetting = 33, .sonyColorTempSet = 4300, .sonyMetering = 2,
+        .sonyExposureCompSet = 1, .sonyIsoSetting = 1600, .sonyDriveMode = 24,
+        .sonyFocusModeSetting = 3, .sonyAfArea = 2, .sonyAfPoint = 7, .sonyFlashModeSetting = 4,
+        .sonyFlashControl = 2, .sonyFlashCompSet = -1, .sonyStyle = 6, .sonyDroMode = 1,
+        .sonyHighNrSet = 2, .sonyLongNrSet = 1, .sonyStabilizerSet = 1, .sonyImageSizeSetting = 3,
+        .sonyAspect = 1};
     const Case cases[] = {
-        {280, 2, kSonyWordsSet1, 132, 673, 147, 133, 3 / 24.0f},
-        {364, 2, kSonyWordsSet1, 132, 673, 147, 133, 3 / 24.0f},
-        {332, 2, kSonyWordsSet2, 254, 566, 144, 132, 3 / 24.0f},
-        {1536, 1, kSonyBytesSet3, 132, 119, INT_UNSET, INT_UNSET, 3 / 24.0f},
-        {300, 2, INT_UNSET, INT_UNSET, INT_UNSET, INT_UNSET, INT_UNSET, FLOAT_UNSET},
+        {280, 2, set1, 6, fields1},
+        {364, 2, set1, 6, fields1},
+        {332, 2,
+         {{3, 104}, {4, 18}, {5, 254}, {6, 55}, {15, 2}, {16, 1}, {17, 9}, {18, 136}, {19, 4},
+          {20, 72}, {22, 3}, {24, 13}, {25, 8}, {26, 12}, {27, 11}, {31, 1}, {37, 1}, {38, 3},
+          {60, 20}, {61, 1}, {63, 2}, {84, 2}, {85, 2}, {86, 34}, {126, 11}, {127, 6}},
+         8,
+         {.sonyWbFineTune = -2, .sonyContrast = 2, .sonySaturation = 1, .sonySharpness = -2,
+          .sonySettingsForm = kSonyWordsSet2, .sonyProgram = 20, .sonyQualitySetting = 34,
+          .sonyWbSetting = 18, .sonyColorTempSet = 5500, .sonyMetering = 4,
+          .sonyExposureCompSet = -1, .sonyIsoSetting = 800, .sonyDriveMode = 11,
+          .sonyFocusModeSetting = 2, .sonyAfArea = 1, .sonyAfPoint = 9, .sonyFlashModeSetting = 6,
+          .sonyFlashControl = 1, .sonyFlashCompSet = 8 / 24.0f, .sonyStyle = 13, .sonyDroMode = 3,
+          .sonyHighNrSet = 3, .sonyLongNrSet = 1, .sonyStabilizerSet = 1,
+          .sonyImageSizeSetting = 2, .sonyAspect = 2}},
+        {1536, 1,
+         {{2, 254}, {3, 104}, {4, 213}, {6, 48}, {7, 3}, {9, 25}, {10, 8}, {11, 4}, {12, 17},
+          {15, 160}, {32, 20}, {33, 1}, {35, 152}, {36, 4}, {37, 16}, {38, 19}},
+         INT_UNSET,
+         {.sonySettingsForm = kSonyBytesSet3, .sonyQualitySetting = 4, .sonyMetering = 3,
+          .sonyExposureCompSet = -1, .sonyDriveMode = 213, .sonyFocusModeSetting = 48,
+          .sonyAfArea = 4, .sonyFlashModeSetting = 20, .sonyFlashControl = 1,
+          .sonyFlashCompSet = 1, .sonyStyleSetting = 160, .sonyDroSetting = 17,
+          .sonyHighNrSet = 19, .sonyLongNrSet = 16, .sonyImageSizeSetting = 25, .sonyAspect = 8}},
+        {300, 2, set1, INT_UNSET, {}},
     };
+    // clang-format on
     for (const Case& c : cases) {
-        ByteWriter block(Order::kBig);
-        for (std::uint32_t i = 0; i < c.bytes / c.element; ++i) {
-            const bool isIso = i == 22 && c.bytes != 332;
-            const std::uint32_t word = isIso || i == 20 || i == 2 ? i + 48 : i + 128;
-            c.element == 2 ? block.U16(word) : block.U8(word & 0xFF);
+        Bytes block(c.bytes, 0);
+        for (const auto& [index, value] : c.elements) {
+            const std::size_t end = (index + 1) * c.element;
+            block[end - 1] = static_cast<std::uint8_t>(value & 0xFF);
+            if (c.element == 2) block[end - 2] = static_cast<std::uint8_t>(value >> 8);
         }
         BareNote note(kMakerSony, kHeader);
-        note.Entries().Undefined(0x0114, block.bytes);
-        const Fields fields = FieldsOf(note.Decode());
-        EXPECT_EQ(fields.sonySettingsForm, c.form) << c.bytes;
-        EXPECT_EQ(fields.sonyDriveMode, c.drive) << c.bytes;
-        EXPECT_EQ(fields.sonyIsoSetting, c.iso) << c.bytes;
-        EXPECT_EQ(fields.sonyContrast, c.contrast) << c.bytes;
-        EXPECT_EQ(fields.sonyWbSetting, c.balance) << c.bytes;
-        EXPECT_EQ(fields.sonyExposureCompSet, c.exposure) << c.bytes;
+        note.Entries().Undefined(0x0114, block);
+        const ImageInfo info = note.Decode();
+        EXPECT_TRUE(HoldsRecord(info, c.fields)) << c.bytes;
+        EXPECT_EQ(info.orientation, c.orientation) << c.bytes;
     }
 }
 
