@@ -14,11 +14,8 @@ int main(int argc, char** argv) {
     std::filesystem::create_directories(folder);
     std::vector<qmx::test::SeedFile> seeds = qmx::test::SeedFiles();
     for (const qmx::test::SeedFile& seed : qmx::test::RawSeeds()) seeds.push_back(seed);
-<<<<<<< HEAD
     for (const qmx::test::SeedFile& seed : qmx::test::NoteSeeds()) seeds.push_back(seed);
-=======
     for (const qmx::test::SeedFile& seed : qmx::test::CipherSeeds()) seeds.push_back(seed);
->>>>>>> fb8b01b (Give the fuzzers every form of Nikon's and Sony's notes)
     for (const qmx::test::SeedFile& seed : seeds) {
         std::ofstream file(folder / seed.name, std::ios::binary);
         file.write(reinterpret_cast<const char*>(seed.bytes.data()),
