@@ -9,6 +9,9 @@ if(Python3_FOUND)
   add_test(NAME reference_page COMMAND ${Python3_EXECUTABLE}
     ${PROJECT_SOURCE_DIR}/docs/make_reference.py --check
     ${PROJECT_SOURCE_DIR}/include/qmxexif.h ${PROJECT_SOURCE_DIR}/docs/reference.md)
+  # The pages of the makers name every label and tag.
+  add_test(NAME maker_pages
+    COMMAND ${Python3_EXECUTABLE} ${checks}/maker_pages.py ${PROJECT_SOURCE_DIR})
 endif()
 
 if(CMAKE_OBJDUMP AND MINGW)
