@@ -1,0 +1,26 @@
+# What developers get: the wrapper, and the packages by which build systems find the library.
+
+if(TARGET gmock_main)
+  add_executable(qmx_wrapper sdk/wrapper_test.cpp ${support_sources})
+  target_include_directories(qmx_wrapper PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(qmx_wrapper PRIVATE qmxexif qmxcore gmock_main)
+  add_test(NAME qmx_wrapper COMMAND qmx_wrapper)
+  set_tests_properties(qmx_wrapper PROPERTIES ENVIRONMENT "${test_environment}")
+endif()
+
+# A client's project would have to be built with the same sanitizers.
+if(QMX_SANITIZE OR MSVC)
+  return()
+endif()
+find_program(QMX_PKG_CONFIG pkg-config)
+foreach(tree IN ITEMS build install)
+  set(install $<STREQUAL:${tree},install>)
+  add_test(NAME find_package_${tree} COMMAND ${CMAKE_COMMAND}
+    -DBUILD=${PROJECT_BINARY_DIR} -DINSTALL=${install} -DVERSION=${PROJECT_VERSION}
+    -DMODULE=$<TARGET_FILE:qmxexif> -DWORK=${CMAKE_CURRENT_BINARY_DIR}/consumer_${tree}
+    -DGENERATOR=${CMAKE_GENERATOR} -DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE}
+    -DC_COMPILER=${CMAKE_C_COMPILER} -DCXX_COMPILER=${CMAKE_CXX_COMPILER}
+    -DPKG_CONFIG=$<$<BOOL:${QMX_PKG_CONFIG}>:${QMX_PKG_CONFIG}>
+    -DSAMPLE=${PROJECT_SOURCE_DIR}/tools/sample/sample.jpg
+    -DEMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR} -P ${CMAKE_CURRENT_SOURCE_DIR}/sdk/consumer.cmake)
+endforeach()
