@@ -24,3 +24,23 @@ foreach(tree IN ITEMS build install)
     -DSAMPLE=${PROJECT_SOURCE_DIR}/tools/sample/sample.jpg
     -DEMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR} -P ${CMAKE_CURRENT_SOURCE_DIR}/sdk/consumer.cmake)
 endforeach()
+
+# The examples, by their own run scripts.
+function(qmx_test_example name expected)
+  add_test(NAME example_${name} COMMAND ${Python3_EXECUTABLE}
+    ${CMAKE_CURRENT_SOURCE_DIR}/sdk/example_test.py ${PROJECT_SOURCE_DIR}/examples/${name}/run
+    ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR}/tools/sample/sample.jpg
+    ${CMAKE_CURRENT_SOURCE_DIR}/sdk/${expected} ${ARGN})
+  set_tests_properties(example_${name} PROPERTIES SKIP_RETURN_CODE 77)
+endfunction()
+if(Python3_FOUND AND NOT CMAKE_HOST_WIN32)
+  if(WIN32)
+    set(examples c cpp node)
+    qmx_test_example(script example_script.txt)
+  else()
+    set(examples python csharp)
+  endif()
+  foreach(example IN LISTS examples)
+    qmx_test_example(${example} example.txt ${PROJECT_BINARY_DIR}/examples/${example}/preview.jpg)
+  endforeach()
+endif()

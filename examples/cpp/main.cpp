@@ -32,7 +32,8 @@ int wmain(int count, wchar_t** arguments) {
     // The list is a range of rows; a row without a value is a heading or introduces others.
     const auto list = qmxexif::ReadList(path).value_or(qmxexif::List());
     const std::size_t wanted = (std::min)(list.size(), std::size_t{6});
-    for (auto row = list.begin(); row != list.begin() + static_cast<std::ptrdiff_t>(wanted); ++row) {
+    for (auto row = list.begin(); row != list.begin() + static_cast<std::ptrdiff_t>(wanted);
+         ++row) {
         const bool heading = row->kind == qmxexif::Item::Kind::kHeading;
         std::cout << (heading ? "[" : "") << qmxexif::ToUtf8(row->label) << (heading ? "]" : "");
         if (row->value) std::cout << ": " << qmxexif::ToUtf8(*row->value);

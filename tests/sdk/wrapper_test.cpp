@@ -7,12 +7,15 @@
 #include <type_traits>
 
 #include "support/api.h"
+#include "support/memory_stream.h"
 #include "support/seed_files.h"
 
 namespace qmx::test {
 namespace {
 
 using namespace qmxexif;
+using CountingStream = test::MemoryStream;
+using qmxexif::MemoryStream;
 
 #ifdef _WIN32
 #define TEXT_OF(literal) L##literal
@@ -33,14 +36,17 @@ TEST(Wrapper, ReadsAPhotoWithItsPreview) {
     EXPECT_EQ(ToUtf8(photo->info.shortText), answer.shortText);
     EXPECT_FALSE(answer.longText.empty());
     EXPECT_EQ(photo->info.exposureTime, +answer.record.exposureTime);
-    EXPECT_EQ(photo->info.width, +answer.record.imageWidth);
+    EXPECT_EQ(photo->info.width.value_or(QMXEXIF_INT_UNSET), +answer.record.imageWidth);
     ASSERT_TRUE(photo->info.captureTime);
     EXPECT_EQ(photo->info.captureTime->wYear, answer.record.captureTime.wYear);
     EXPECT_EQ(ToTm(*photo->info.captureTime).tm_mon, answer.record.captureTime.wMonth - 1);
-    EXPECT_TRUE(photo->preview->IsJpeg());
     const auto largest = ReadPreview(file.path(), PreviewSize::kLargest);
     ASSERT_TRUE(largest);
-    EXPECT_GT(largest->bytes.size(), photo->preview->bytes.size());
+    EXPECT_STREQ(photo->preview->Extension(), ".bmp");
+    EXPECT_STREQ(largest->Extension(), ".jpg");
+    CountingStream stream;
+    ASSERT_EQ(Library().getPrimaryImage(file.path(), &stream), 1u);
+    EXPECT_EQ(largest->bytes, stream.bytes);
 
     const auto texts = ReadTexts(file.path());
     ASSERT_TRUE(texts);
