@@ -54,6 +54,9 @@ prepare_tests() {
     missing=
     need g++ g++
     need clang++ clang
+    need lld-link lld
+    need pkg-config pkg-config
+    need mcs mono-mcs
     need python3 python3
     need /usr/src/googletest/CMakeLists.txt googletest
     install_missing

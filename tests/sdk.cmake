@@ -25,6 +25,28 @@ foreach(tree IN ITEMS build install)
     -DEMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR} -P ${CMAKE_CURRENT_SOURCE_DIR}/sdk/consumer.cmake)
 endforeach()
 
+# Both kinds of packages, as far as they can be made and used without their own tools.
+find_program(QMX_CLANG clang)
+find_program(QMX_LLD_LINK lld-link)
+if(MINGW AND TARGET qmxexif_msvc_import AND TARGET qmxshow)
+  set(arguments -DBUILD=${PROJECT_BINARY_DIR} -DGENERATOR=${CMAKE_GENERATOR}
+    -DSAMPLE_DIR=${PROJECT_SOURCE_DIR}/tools/sample -DEMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR}
+    -DVERSION=${PROJECT_VERSION} -DPORT_DIR=${PROJECT_SOURCE_DIR}/packaging/vcpkg/qmxexif)
+  if(QMX_CLANG AND QMX_LLD_LINK)
+    list(APPEND arguments -DCLANG=${QMX_CLANG})
+    add_test(NAME find_package_msvc COMMAND ${CMAKE_COMMAND} ${arguments}
+      -DWORK=${CMAKE_CURRENT_BINARY_DIR}/consumer_msvc
+      -P ${CMAKE_CURRENT_SOURCE_DIR}/sdk/msvc_consumer.cmake)
+  endif()
+  add_test(NAME vcpkg_port COMMAND ${CMAKE_COMMAND} ${arguments}
+    -DWORK=${CMAKE_CURRENT_BINARY_DIR}/vcpkg_port
+    -P ${CMAKE_CURRENT_SOURCE_DIR}/sdk/vcpkg_port.cmake)
+endif()
+if(TARGET nuget)
+  add_test(NAME nuget COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/sdk/nuget_test.py
+    ${CMAKE_COMMAND} ${PROJECT_BINARY_DIR} ${PROJECT_VERSION})
+endif()
+
 # The examples, by their own run scripts.
 function(qmx_test_example name expected)
   add_test(NAME example_${name} COMMAND ${Python3_EXECUTABLE}
