@@ -35,9 +35,8 @@ else()
   set(module_dir ${CMAKE_INSTALL_LIBDIR})
   set(module_name libqmxexif.so)
   # The header needs the types of Win32, and a wchar_t of 16 bits.
-  set(native_include ${CMAKE_INSTALL_INCLUDEDIR}/qmxexif-native)
   install(FILES ${PROJECT_SOURCE_DIR}/tests/shim/windows.h ${PROJECT_SOURCE_DIR}/tests/shim/objidl.h
-    DESTINATION ${native_include} COMPONENT development)
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qmxexif-native COMPONENT development)
 endif()
 
 install(TARGETS qmxexif
@@ -46,28 +45,26 @@ install(TARGETS qmxexif
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 
-# The same file for both trees; only the places differ.
-set(config_template ${CMAKE_CURRENT_LIST_DIR}/qmxexifConfig.cmake.in)
+# Writes the configuration file of a tree below `prefix` (relative places, which may be moved) or
+# with absolute places; `destination` is where in the tree it will lie.
+function(qmx_configure_package output prefix destination module_place include_place library_place
+         native_place)
+  configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/qmxexifConfig.cmake.in ${output}
+    INSTALL_PREFIX ${prefix} INSTALL_DESTINATION ${destination}
+    PATH_VARS module_place include_place library_place native_place)
+endfunction()
+
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/qmxexifConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
-
-set(places PATH_VARS module_place include_place library_place native_place)
-set(module_place ${module_dir})
-set(include_place ${CMAKE_INSTALL_INCLUDEDIR})
-set(library_place ${CMAKE_INSTALL_LIBDIR})
-set(native_place ${CMAKE_INSTALL_INCLUDEDIR}/qmxexif-native)
-configure_package_config_file(${config_template} ${PROJECT_BINARY_DIR}/package/qmxexifConfig.cmake
-  INSTALL_DESTINATION ${package_dir} ${places})
+qmx_configure_package(${PROJECT_BINARY_DIR}/package/qmxexifConfig.cmake /usr ${package_dir}
+  ${module_dir} ${CMAKE_INSTALL_INCLUDEDIR} ${CMAKE_INSTALL_LIBDIR}
+  ${CMAKE_INSTALL_INCLUDEDIR}/qmxexif-native)
 install(FILES ${PROJECT_BINARY_DIR}/package/qmxexifConfig.cmake
     ${PROJECT_BINARY_DIR}/qmxexifConfigVersion.cmake
   DESTINATION ${package_dir} COMPONENT development)
-
-set(module_place ${PROJECT_BINARY_DIR})
-set(include_place ${PROJECT_SOURCE_DIR}/include)
-set(library_place ${PROJECT_BINARY_DIR})
-set(native_place ${PROJECT_SOURCE_DIR}/tests/shim)
-configure_package_config_file(${config_template} ${PROJECT_BINARY_DIR}/qmxexifConfig.cmake
-  INSTALL_PREFIX ${PROJECT_BINARY_DIR} INSTALL_DESTINATION ${PROJECT_BINARY_DIR} ${places})
+qmx_configure_package(${PROJECT_BINARY_DIR}/qmxexifConfig.cmake ${PROJECT_BINARY_DIR}
+  ${PROJECT_BINARY_DIR} ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR}/include ${PROJECT_BINARY_DIR}
+  ${PROJECT_SOURCE_DIR}/tests/shim)
 
 # Relative to where the file lies, so that the tree may be moved.
 file(RELATIVE_PATH pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
