@@ -57,6 +57,8 @@ prepare_tests() {
     need lld-link lld
     need pkg-config pkg-config
     need mcs mono-mcs
+    need nuget nuget
+    need xbuild mono-xbuild
     need python3 python3
     need /usr/src/googletest/CMakeLists.txt googletest
     install_missing

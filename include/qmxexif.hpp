@@ -98,8 +98,7 @@ inline std::string ToUtf8(TextView text) {
  * than the call that it is made for. */
 class Path {
     template <class Unit>
-    static constexpr bool kIsUtf16 = std::is_same_v<Unit, WCHAR> ||
-                                     (std::is_same_v<Unit, char16_t> && sizeof(WCHAR) == 2);
+    static constexpr bool kIsUtf16 = std::is_same_v<Unit, WCHAR> || std::is_same_v<Unit, char16_t>;
 
 public:
     template <class Unit, class = std::enable_if_t<kIsUtf16<Unit>>>
@@ -116,6 +115,8 @@ public:
               class Unit = std::decay_t<decltype(*std::declval<const String&>().c_str())>,
               class = std::enable_if_t<kIsUtf16<Unit>>>
     Path(const String& path) : Path(path.c_str()) {}
+    Path(const Path&) = delete;
+    Path& operator=(const Path&) = delete;
 
     const WCHAR* Get() const noexcept { return text; }
 
@@ -347,6 +348,7 @@ private:
  * full path: a bare name is searched for in folders that others may write to.  Not to be called
  * while another thread reads a file.  False when it cannot be loaded or lacks a function. */
 inline bool Load(const Path& path) {
+    if (!path.Get()) return false;
     detail::Functions found{};
 #ifdef _WIN32
     const HMODULE module = LoadLibraryExW(path.Get(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
@@ -375,7 +377,8 @@ inline bool Load(const Path& path) {
 #endif
 
 /* A growing buffer in memory as a COM stream, for the library to write to and for anything else
- * that takes an IStream, such as Windows' own picture decoders.  Used by one thread at a time. */
+ * that takes an IStream, such as Windows' own picture decoders.  Used by one thread at a time.  A
+ * stream that was moved from can only be assigned to. */
 class MemoryStream {
 public:
     MemoryStream() : MemoryStream(Bytes()) {}
@@ -485,7 +488,7 @@ public:
     const Item& operator[](std::size_t index) const noexcept { return items[index]; }
 
     /* The first item with this label below the heading, or nullptr. */
-    const Item* Find(TextView heading, TextView label) const noexcept {
+    const Item* Find(TextView heading, TextView label) const& noexcept {
         bool inside = false;
         for (const Item& item : items) {
             if (item.kind == Item::Kind::kHeading) {
@@ -496,6 +499,7 @@ public:
         }
         return nullptr;
     }
+    const Item* Find(TextView heading, TextView label) const&& = delete;
 
 private:
     std::vector<Item> items;

@@ -5,7 +5,6 @@
 
 #include <qmxexif.hpp>
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -31,12 +30,12 @@ int wmain(int count, wchar_t** arguments) {
 
     // The list is a range of rows; a row without a value is a heading or introduces others.
     const auto list = qmxexif::ReadList(path).value_or(qmxexif::List());
-    const std::size_t wanted = (std::min)(list.size(), std::size_t{6});
-    for (auto row = list.begin(); row != list.begin() + static_cast<std::ptrdiff_t>(wanted);
-         ++row) {
-        const bool heading = row->kind == qmxexif::Item::Kind::kHeading;
-        std::cout << (heading ? "[" : "") << qmxexif::ToUtf8(row->label) << (heading ? "]" : "");
-        if (row->value) std::cout << ": " << qmxexif::ToUtf8(*row->value);
+    int wanted = 6;
+    for (const qmxexif::Item& row : list) {
+        if (wanted-- == 0) break;
+        const bool heading = row.kind == qmxexif::Item::Kind::kHeading;
+        std::cout << (heading ? "[" : "") << qmxexif::ToUtf8(row.label) << (heading ? "]" : "");
+        if (row.value) std::cout << ": " << qmxexif::ToUtf8(*row.value);
         std::cout << "\n";
     }
 

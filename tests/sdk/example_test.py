@@ -8,6 +8,7 @@ Ends with 77 when the script says so: a tool that it needs is not installed."""
 
 import difflib
 import os
+import shutil
 import subprocess
 import sys
 from pathlib import Path
@@ -18,7 +19,10 @@ SKIPPED = 77
 def main(run, build, photo, expected, preview=None):
     preview = preview and Path(preview)
     if preview:
+        # A name that only UTF-16 carries unharmed through every language.
         preview.unlink(missing_ok=True)
+        preview.parent.mkdir(parents=True, exist_ok=True)
+        photo = shutil.copy(photo, preview.parent / "写真 1.jpg")
     result = subprocess.run([run, photo], env={**os.environ, "QMX_BUILD": build},
                             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, check=False)
     # Programs on Windows end lines in their own way.

@@ -3,7 +3,9 @@
 
 Usage: nuget_test.py CMAKE BUILD_FOLDER VERSION"""
 
+import os
 import re
+import shutil
 import subprocess
 import sys
 import xml.etree.ElementTree as ElementTree
@@ -11,7 +13,37 @@ import zipfile
 from pathlib import Path, PureWindowsPath
 
 CMAKE, BUILD, VERSION = sys.argv[1], Path(sys.argv[2]), sys.argv[3]
+WORK = BUILD / "packaging" / "nuget" / "client"
 TYPES = "{http://schemas.openxmlformats.org/package/2006/content-types}"
+
+
+PROJECT = """<Project xmlns="http://schemas.microsoft.com/developer/msbuild/2003">
+  <PropertyGroup><OutDir>out/</OutDir></PropertyGroup>
+  <Import Project="PACKAGE/build/native/qmxexif.targets"/>
+  <Target Name="PrepareForBuild"/>
+  <Target Name="Build" DependsOnTargets="PrepareForBuild"/>
+</Project>
+"""
+
+
+def use():
+    """Installs the package with NuGet itself and builds a project that refers to it."""
+    shutil.rmtree(WORK, ignore_errors=True)
+    WORK.mkdir(parents=True)
+    environment = {**os.environ, "HOME": str(WORK)}
+
+    def run(*command):
+        return subprocess.run(command, cwd=WORK, env=environment, stdin=subprocess.DEVNULL,
+                              stdout=subprocess.DEVNULL, check=False).returncode
+
+    assert run("nuget", "install", "qmxexif", "-Source", str(BUILD), "-OutputDirectory", ".",
+               "-NonInteractive") == 0
+    (WORK / "client.proj").write_text(PROJECT.replace("PACKAGE", f"qmxexif.{VERSION}"),
+                                      encoding="utf-8")
+    build = ("xbuild", "/nologo", "/target:Build", "client.proj")
+    assert run(*build, "/property:Platform=x64") == 0
+    assert (WORK / "out" / "qmxexif.dll").read_bytes()[:2] == b"MZ"
+    assert run(*build, "/property:Platform=Win32") != 0
 
 
 def main():
@@ -50,6 +82,12 @@ def main():
     assert b"ExifGetExifInfoEx" in parts["build/native/lib/x64/qmxexif.lib"]
     header = Path(__file__).resolve().parents[2] / "include" / "qmxexif.hpp"
     assert parts["build/native/include/qmxexif.hpp"] == header.read_bytes()
+
+
+    if shutil.which("nuget") and shutil.which("xbuild"):
+        use()
+    else:
+        print("NuGet and xbuild are not installed: the package is not tried with them")
 
 
 if __name__ == "__main__":
