@@ -26,7 +26,7 @@ foreach(tree IN ITEMS build install)
     -DEMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR} -P ${CMAKE_CURRENT_SOURCE_DIR}/sdk/consumer.cmake)
 endforeach()
 
-# Both kinds of packages, as far as they can be made and used without their own tools.
+# The packages.  Debian has no vcpkg: its port runs with stand-ins.
 find_program(QMX_CLANG clang)
 find_program(QMX_LLD_LINK lld-link)
 if(MINGW AND TARGET qmxexif_msvc_import AND TARGET qmxshow)

@@ -34,11 +34,11 @@ def from_utf16(address):
 
 # ---- The record ----
 
-INT_UNSET = 0x7FFFFFFF  # an integer that the file does not give
-
 
 class InfoRequest(ctypes.Structure):
-    """What ExifGetExifInfoEx fills: 408 bytes, packed to 4.  Set the texts' pointers before."""
+    """What ExifGetExifInfoEx fills: 408 bytes, packed to 4.  Set the texts' pointers before.
+
+    An integer that the file does not give is 0x7FFFFFFF, a float 3.4028235e38."""
 
     _pack_ = 4
     _fields_ = [
