@@ -102,7 +102,7 @@ class Path {
 
 public:
     template <class Unit, class = std::enable_if_t<kIsUtf16<Unit>>>
-    Path(const Unit* path) {
+    Path(const Unit* path) { /* NOLINT(google-explicit-constructor): an argument */
         if constexpr (std::is_same_v<Unit, WCHAR>) {
             text = path;
         } else if (path) {
@@ -114,7 +114,8 @@ public:
     template <class String,
               class Unit = std::decay_t<decltype(*std::declval<const String&>().c_str())>,
               class = std::enable_if_t<kIsUtf16<Unit>>>
-    Path(const String& path) : Path(path.c_str()) {}
+    Path(const String& path) /* NOLINT(google-explicit-constructor) */
+        : Path(path.c_str()) {}
     Path(const Path&) = delete;
     Path& operator=(const Path&) = delete;
 
