@@ -12,6 +12,7 @@ bool TakeNumber(std::string_view& line, float& number) {
     const std::size_t start = line.find_first_not_of(kBlanks);
     if (start == std::string_view::npos) return false;
     line.remove_prefix(start);
+    if (line.front() == '+') line.remove_prefix(1);
     const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), number);
     if (error != std::errc()) return false;
     line.remove_prefix(static_cast<std::size_t>(end - line.data()));
@@ -30,7 +31,7 @@ void ReadNeutral(std::string_view line, RawDecodeState& state) {
 
 void ReadBalanceText(std::string_view text, RawDecodeState& state) {
     constexpr std::string_view kNeutral = "Neutral";
-    state.rawColor = text.size() >= 7 && text.starts_with("MATRIX");
+    if (text.size() < 7 || !text.starts_with("MATRIX")) state.rawColor = false;
     while (!text.empty()) {
         const std::size_t end = text.find_first_of(std::string_view("\n\r\0", 3));
         const std::string_view line = text.substr(0, end);

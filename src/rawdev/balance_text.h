@@ -11,7 +11,7 @@ namespace qmx {
 
 inline constexpr std::uint64_t kMaxBalanceText = 65536;  // bytes that are looked at
 
-// Sets the camera's multipliers and whether the block carries the camera's matrix.
+// Sets the camera's multipliers.  Only a block of the kind "MATRIX" leaves the raw colours alone.
 void ReadBalanceText(std::string_view text, RawDecodeState& state);
 
 }  // namespace qmx

@@ -76,17 +76,18 @@ const Loader* ChooseUncompressedLoader(const FileView& file, const RawIfd& ifd) 
     return IsPadded(file, ifd) ? &kPadded12 : loader;
 }
 
-// By the raw directory's own depth: 0 where the file gives none.
-const Loader* ChooseLoader(const FileView& file, const RawIfd& ifd) {
+// By the raw directory's own depth: 0 where the file gives none.  False for a compression that is
+// not known, whatever a camera's rules would make of the file; null where they may still choose.
+bool ChooseLoader(const FileView& file, const RawIfd& ifd, const Loader*& loader) {
     switch (ifd.compression) {
         case kOldUncompressed:
-        case kUncompressed: return ChooseUncompressedLoader(file, ifd);
+        case kUncompressed: loader = ChooseUncompressedLoader(file, ifd); return true;
         case kOldJpeg:
         case kJpeg:
-        case kJpeg99: return &kLosslessJpeg;
-        case kEpson: return &kEpson12;
-        case kPacked: return &kPacked12;
-        default: return nullptr;
+        case kJpeg99: loader = &kLosslessJpeg; return true;
+        case kEpson: loader = &kEpson12; return true;
+        case kPacked: loader = &kPacked12; return true;
+        default: return false;
     }
 }
 
@@ -139,7 +140,7 @@ void TakeActiveArea(RawDecodeState& state) {
 }
 
 // Takes size, depth, loader and pattern from the raw directory.  False for sizes that no camera
-// has.
+// has and for compressions that are not known.
 bool TakeRawIfd(RawDecodeState& state, const RawIfd& ifd) {
     if (ifd.width > kLargestSide || ifd.height > kLargestSide) return false;
     state.ifd = ifd;
@@ -152,7 +153,11 @@ bool TakeRawIfd(RawDecodeState& state, const RawIfd& ifd) {
     const bool separate = ifd.planarConfig == 2 && state.samplesPerPixel > 1;
     const bool known = state.samplesPerPixel == 1 || state.samplesPerPixel == 3;
     if (separate || !known) return false;
-    state.loader = state.isDng ? ChooseDngLoader(ifd) : ChooseLoader(state.file, ifd);
+    if (state.isDng) {
+        state.loader = ChooseDngLoader(ifd);
+    } else if (!ChooseLoader(state.file, ifd, state.loader)) {
+        return false;
+    }
     state.cfaPattern = ReadCfaPattern(state.file, ifd);
     if (state.isDng) TakeActiveArea(state);
     return true;

@@ -1,11 +1,12 @@
 #include "rawdev/raw_ifd.h"
 
 #include <bit>
+#include <limits>
 
 namespace qmx {
 namespace {
 
-// TIFF 6 field types.
+// Field types of TIFF 6 and its supplement.
 enum : std::uint16_t {
     kByte = 1,
     kAscii = 2,
@@ -19,10 +20,11 @@ enum : std::uint16_t {
     kSRational = 10,
     kFloat = 11,
     kDouble = 12,
+    kIfd = 13,  // a LONG that points to a directory (TIFF Technical Note 1)
 };
 
 double Quotient(double numerator, double denominator) {
-    return denominator == 0 ? 0 : numerator / denominator;
+    return denominator == 0 ? std::numeric_limits<double>::quiet_NaN() : numerator / denominator;
 }
 
 double Signed32(const FileView& file, std::uint64_t position) {
@@ -38,7 +40,7 @@ double ReadDouble(const FileView& file, std::uint64_t position) {
 }  // namespace
 
 std::uint32_t RawTypeSize(std::uint16_t type) {
-    constexpr std::uint8_t kSizes[] = {1, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8};
+    constexpr std::uint8_t kSizes[] = {1, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4};
     return type < sizeof kSizes ? kSizes[type] : 1;
 }
 
@@ -52,7 +54,8 @@ double ReadNumber(const FileView& file, const TagValues& values, std::uint32_t i
         case kSByte: return static_cast<std::int8_t>(file.U8(at));
         case kShort: return file.U16(at);
         case kSShort: return static_cast<std::int16_t>(file.U16(at));
-        case kLong: return file.U32(at);
+        case kLong:
+        case kIfd: return file.U32(at);
         case kSLong: return Signed32(file, at);
         case kRational: return Quotient(file.U32(at), file.U32(at + 4));
         case kSRational: return Quotient(Signed32(file, at), Signed32(file, at + 4));

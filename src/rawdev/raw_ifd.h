@@ -17,7 +17,7 @@ struct TagValues {
 // Bytes of one value of a TIFF type; unknown types count as bytes.
 std::uint32_t RawTypeSize(std::uint16_t type);
 
-// Value `index` of a tag; 0 beyond its count or the file, and for a zero denominator.
+// Value `index` of a tag; 0 beyond its count or the file, NaN for a zero denominator.
 double ReadNumber(const FileView& file, const TagValues& values, std::uint32_t index);
 
 // The same as an unsigned integer; 0 when it is none of 32 bits.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <span>
 #include <string_view>
 
@@ -20,7 +21,7 @@ struct Walk {
     RawDecodeState& state;
     RawTags& tags;
     RawIfd* ifd = nullptr;      // the directory being read
-    std::int64_t workLeft = 0;  // bytes of entries that may still be visited
+    std::int64_t workLeft = 0;  // bytes of entries and blocks that may still be visited
     std::uint32_t depth = 0;
 };
 
@@ -106,32 +107,33 @@ void StoreSensorHeight(Walk& walk, const TagValues& values) {
     if (walk.ifd->height == 0) walk.ifd->height = ReadUnsigned(walk.file, values, 0);
 }
 
-float ReadFloat(const Walk& walk, const TagValues& values) {
-    const auto value = static_cast<float>(ReadNumber(walk.file, values, 0));
-    return std::isfinite(value) ? value : 0;
+// 0 for what is no number or too large for one.
+float ToFloat(double value) {
+    constexpr double kLargest = std::numeric_limits<float>::max();
+    return value >= -kLargest && value <= kLargest ? static_cast<float>(value) : 0;
 }
 
 template <auto Field>
 void StoreShotFloat(Walk& walk, const TagValues& values) {
     float& field = walk.state.shot.*Field;
-    if (field == 0) field = ReadFloat(walk, values);
+    if (field == 0) field = ToFloat(ReadNumber(walk.file, values, 0));
 }
 
 template <auto Field>
 void StoreShotCode(Walk& walk, const TagValues& values) {
-    walk.state.shot.*Field = TruncateToI32(ReadNumber(walk.file, values, 0));
+    const double code = ReadNumber(walk.file, values, 0);
+    if (!std::isnan(code)) walk.state.shot.*Field = TruncateToI32(code);
 }
 
-// Fall-backs in the units of APEX.
+// Fall-backs in the units of APEX, in which 0 is a value too.
+void StorePower(double exponent, float& field) {
+    if (field == 0) field = ToFloat(std::exp2(exponent));
+}
 void StoreShutterSpeed(Walk& walk, const TagValues& values) {
-    float& seconds = walk.state.shot.exposureTime;
-    const float power = std::exp2(-ReadFloat(walk, values));
-    if (seconds == 0 && std::isfinite(power)) seconds = power;
+    StorePower(-ReadNumber(walk.file, values, 0), walk.state.shot.exposureTime);
 }
 void StoreAperture(Walk& walk, const TagValues& values) {
-    float& number = walk.state.shot.fNumber;
-    const float power = std::exp2(ReadFloat(walk, values) / 2);
-    if (number == 0 && std::isfinite(power)) number = power;
+    StorePower(ReadNumber(walk.file, values, 0) / 2, walk.state.shot.fNumber);
 }
 
 void StoreFlash(Walk& walk, const TagValues& values) {
@@ -147,6 +149,7 @@ void StoreBalanceText(Walk& walk, const TagValues& values) {
     const auto length =
         static_cast<std::size_t>(std::min({std::uint64_t{values.count}, there, kMaxBalanceText}));
     if (length == 0) return;
+    walk.workLeft -= static_cast<std::int64_t>(length);
     const auto* text = reinterpret_cast<const char*>(walk.file.data + values.position);
     ReadBalanceText({text, length}, walk.state);
 }

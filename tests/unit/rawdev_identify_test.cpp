@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "rawdev/identify.h"
@@ -57,7 +58,8 @@ TEST(RawIdentification, ChoosesTheLoaderByCompressionAndDepth) {
         {5, 12, "ACME", false, nullptr},
         {34713, 12, "ACME", false, nullptr},
         {0, 0, "Panasonic", false, &kUnpacked16},
-        {5, 12, "LEICA", false, &kUnpacked16},
+        {5, 12, "LEICA", false, nullptr},
+        {1, 10, "LEICA", false, &kUnpacked16},
         {1, 12, "LEICA", false, &kPacked12},
         {1, 0, "Leica Camera AG", false, nullptr},
         {1, 12, "ACME", true, &kDngUncompressed},
@@ -135,6 +137,44 @@ TEST(RawIdentification, TakesTheLargestImageOfChainAndSubdirectories) {
     EXPECT_FLOAT_EQ(state.shot.exposureTime, 1 / 60.0f);
     EXPECT_EQ(state.shot.focalLength, 50);
     EXPECT_TRUE(state.rawColor);
+}
+
+TEST(RawIdentification, ApexStandsInForMissingExposures) {
+    struct Case {
+        Ratio shutter, aperture;
+        float seconds, number;
+    };
+    const Case cases[] = {
+        {{5}, {6}, 1 / 32.0f, 8},
+        {{0}, {0}, 1, 1},
+        {{0, 0}, {0, 0}, 0, 0},  // unknown
+        {{-200}, {400}, 0, 0},   // beyond any number
+    };
+    for (const Case& c : cases) {
+        RawDecodeState state;
+        ASSERT_TRUE(Identify(Directory([&](TiffBuilder&, IfdBuilder& ifd) {
+                                 ifd.SRational(33434, {{0, 0}}).SRational(37377, {c.shutter});
+                                 ifd.Rational(37378, {c.aperture});
+                             }),
+                             state));
+        EXPECT_EQ(state.shot.exposureTime, c.seconds);
+        EXPECT_EQ(state.shot.fNumber, c.number);
+    }
+}
+
+TEST(RawIdentification, FollowsPointersOfTheirOwnType) {
+    TiffBuilder tiff;
+    IfdBuilder& raw = tiff.SubIfd();
+    raw.Long(256, {64}).Long(257, {48}).Short(258, {12}).Short(259, {1}).Long(273, {8});
+    tiff.Ifd().Ascii(272, "One").Link(330, {&raw});
+    Bytes file = tiff.Build();
+    const Bytes pointer = {330 & 0xFF, 330 >> 8, 4, 0};
+    const auto entry = std::search(file.begin(), file.end(), pointer.begin(), pointer.end());
+    ASSERT_NE(entry, file.end());
+    entry[2] = 13;
+    RawDecodeState state;
+    ASSERT_TRUE(Identify(file, state));
+    EXPECT_EQ(state.rawWidth, 64);
 }
 
 TEST(RawIdentification, PatternsSplitTheirGreens) {
@@ -325,6 +365,7 @@ TEST(RawColors, OfDngTagsAndTextBlocks) {
         {"Version 3\nNeutral 1.5 1 2.25", 1.5f, 2.25f, false},
         {"MATRIX 1\n Neutral 1 1 1\nNeutral x", 0, 0, true},
         {"short", 0, 0, false},
+        {"MATRIX\nNeutral +1.5 1 +2.25", 1.5f, 2.25f, true},
     };
     for (const Case& c : cases) {
         RawDecodeState state;
@@ -334,6 +375,13 @@ TEST(RawColors, OfDngTagsAndTextBlocks) {
         EXPECT_EQ(state.cameraMultipliers[2], c.blue) << c.text;
         EXPECT_EQ(state.rawColor, c.rawColor) << c.text;
     }
+    // What one block has cleared the next one does not set again.
+    RawDecodeState both;
+    ASSERT_TRUE(Identify(Directory([](TiffBuilder&, IfdBuilder& ifd) {
+                             ifd.Ascii(50454, "Version 3").Ascii(50455, "MATRIX 1");
+                         }),
+                         both));
+    EXPECT_FALSE(both.rawColor);
 }
 
 }  // namespace
