@@ -13,9 +13,9 @@ class DngTiles {
 public:
     explicit DngTiles(const RawDecodeState& state) : state_(state) {
         const RawIfd& ifd = state.ifd;
-        const bool tiled = ifd.tileWidth != 0 && ifd.tileHeight != 0;
-        width_ = tiled ? ifd.tileWidth : state.rawWidth;
-        height_ = tiled ? ifd.tileHeight : ifd.rowsPerStrip;
+        isTiled_ = ifd.tileWidth != 0 && ifd.tileHeight != 0;
+        width_ = isTiled_ ? ifd.tileWidth : state.rawWidth;
+        height_ = isTiled_ ? ifd.tileHeight : ifd.rowsPerStrip;
         if (height_ == 0) height_ = state.rawHeight;
         // Nothing beyond the image is wanted of a tile.
         across_ = state.rawWidth == 0 ? 0 : (state.rawWidth - 1) / width_ + 1;
@@ -26,6 +26,11 @@ public:
     std::uint32_t Height() const { return height_; }
     std::uint32_t Across() const { return across_; }
     std::uint32_t Down() const { return down_; }
+
+    // Rows that are stored of row `row` of tiles: the last strip is cut, tiles are not.
+    std::uint32_t RowsStored(std::uint32_t row) const {
+        return isTiled_ ? height_ : std::min(height_, state_.rawHeight - row * height_);
+    }
 
     // Samples of column `column` of tiles that belong to the image.
     std::uint32_t SamplesInside(std::uint32_t column) const {
@@ -65,6 +70,7 @@ public:
 
 private:
     const RawDecodeState& state_;
+    bool isTiled_;
     std::uint32_t width_;
     std::uint32_t height_;
     std::uint32_t across_;

@@ -6,7 +6,7 @@
 #include "rawdev/dng_tiles.h"
 #include "rawdev/levels.h"
 #include "rawdev/loaders.h"
-#include "rawdev/lossless_jpeg.h"
+#include "rawdev/lossless_rows.h"
 #include "rawdev/stored_row.h"
 #include "rawdev/unpack.h"
 
@@ -78,11 +78,12 @@ public:
         tiles_ = &tiles;
         const std::uint64_t width = std::min(tiles.Width(), kWidestTile);
         lineRoom_ = kMostRowsPerLine * width * state.samplesPerPixel;
-        workLeft_ = static_cast<std::int64_t>(state.file.size);
+        // Honest tiles do not overlap: what is charged for one is no more than twice its bytes.
+        workLeft_ = static_cast<std::int64_t>(state.file.size) * 2;
         // Version 1.0 wrote 16 bits too many behind the largest category.
         options_.longCategory16 = state.dngMajor == 1 && state.dngMinor == 0;
         if (tiles.Across() > kMostDecoders) return false;
-        decoders_ = state.scratch.Take<LosslessJpeg>(tiles.Across());
+        decoders_ = state.scratch.Take<LosslessRows>(tiles.Across());
         lines_ = state.scratch.Take<std::uint16_t>(2 * lineRoom_ * tiles.Across());
         isOpen_ = state.scratch.Take<bool>(tiles.Across());
         return decoders_ != nullptr && lines_ != nullptr && isOpen_ != nullptr;
@@ -90,15 +91,18 @@ public:
 
     bool Open(std::uint32_t row, std::uint32_t column) {
         const std::uint64_t length = tiles_->BytesOf(row, column);
-        LosslessJpeg& decoder = decoders_[column];
+        LosslessRows& decoder = decoders_[column];
+        if (isOpen_[column]) workLeft_ -= static_cast<std::int64_t>(decoder.BytesRead());
         isOpen_[column] = false;
-        // Honest tiles do not overlap: their headers together are no longer than the file.
         if (length == 0 || workLeft_ <= 0) return false;
         const std::uint8_t* stream = state_->file.data + tiles_->Position(row, column);
-        const bool sound = decoder.Open({stream, static_cast<std::size_t>(length)}, options_);
-        workLeft_ -= static_cast<std::int64_t>(decoder.Header().scanStart + kLeastHeader);
-        if (!sound) return false;
-        if (decoder.Header().LineSamples() > lineRoom_) return false;
+        const std::uint64_t width = std::uint64_t{tiles_->Width()} * state_->samplesPerPixel;
+        const bool sound = decoder.Open({stream, static_cast<std::size_t>(length)}, options_, width,
+                                        tiles_->RowsStored(row));
+        const LosslessHeader& header = decoder.Header();
+        workLeft_ -= static_cast<std::int64_t>(header.scanStart + kLeastHeader +
+                                               header.LineSamples() / kMostSamplesPerByte);
+        if (!sound || header.LineSamples() > lineRoom_) return false;
         decoder.Start(lines_ + 2 * lineRoom_ * column);
         isOpen_[column] = true;
         return true;
@@ -109,8 +113,8 @@ public:
         for (std::uint32_t column = 0; column < tiles_->Across(); ++column) {
             const std::uint32_t inside = tiles_->SamplesInside(column);
             if (isOpen_[column]) {
+                // Edge tiles are wider than what the image shows of them.
                 decoders_[column].Take(dst, inside);
-                SkipSurplus(column, inside);
             } else {
                 std::memset(dst, 0, inside * sizeof *dst);
             }
@@ -120,21 +124,16 @@ public:
 
 private:
     static constexpr std::uint64_t kLeastHeader = 32;  // bytes of the shortest header, roundly
-
-    // Edge tiles are wider than what the image shows of them.
-    void SkipSurplus(std::uint32_t column, std::uint32_t inside) {
-        const std::uint64_t whole = std::uint64_t{tiles_->Width()} * state_->samplesPerPixel;
-        decoders_[column].Skip(whole - inside);
-    }
+    static constexpr std::uint64_t kMostSamplesPerByte = 64;
 
     RawDecodeState* state_ = nullptr;
     const DngTiles* tiles_ = nullptr;
     LosslessOptions options_;
     std::uint64_t lineRoom_ = 0;
-    LosslessJpeg* decoders_ = nullptr;
+    LosslessRows* decoders_ = nullptr;
     std::uint16_t* lines_ = nullptr;
     bool* isOpen_ = nullptr;
-    std::int64_t workLeft_ = 0;  // bytes of headers that may still be read
+    std::int64_t workLeft_ = 0;  // bytes that may still be decoded
 };
 
 bool LoadTiles(RawDecodeState& state, CellSink& sink) {

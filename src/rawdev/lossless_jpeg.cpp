@@ -128,6 +128,13 @@ void LosslessJpeg::Skip(std::uint64_t count) {
     }
 }
 
+const std::uint16_t* LosslessJpeg::NextLine() {
+    if (isOver_) return nullptr;
+    DecodeLine();
+    taken_ = header_.LineSamples();
+    return line_;
+}
+
 void LosslessJpeg::DecodeLine() {
     std::swap(line_, above_);
     taken_ = 0;

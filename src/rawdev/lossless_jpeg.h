@@ -68,6 +68,9 @@ public:
     // More bits were asked for than the data can have held.
     bool IsExhausted() const { return fed_ > kMostFedBits; }
 
+    // Where the next refill reads.
+    const std::uint8_t* Next() const { return next_; }
+
     // Drops the rest of the byte and passes the restart marker.  False when there is none.
     bool PassRestart();
 
@@ -110,6 +113,14 @@ public:
 
     // Passes over samples; no work once the stream has ended.
     void Skip(std::uint64_t count);
+
+    // The next whole line before the point transform; null once the stream has ended.
+    const std::uint16_t* NextLine();
+
+    // Bytes of the scan that have been decoded.
+    std::size_t BytesRead() const {
+        return static_cast<std::size_t>(bits_.Next() - stream_.data()) - header_.scanStart;
+    }
 
 private:
     void DecodeLine();

@@ -83,6 +83,15 @@ void PutRaw(BitWriter& bits, std::int32_t difference, std::uint32_t category) {
     bits.Put(static_cast<std::uint32_t>(raw), category);
 }
 
+// Two rows side by side, in squares of 2 x 2 samples.
+Samples InSquares(const Samples& samples) {
+    Samples squares = {2 * samples.width, samples.height / 2, {}};
+    for (std::uint32_t y = 0; y < samples.height; y += 2)
+        for (std::uint32_t i = 0; i < squares.width; ++i)
+            squares.values.push_back(samples.At(y + i / 2 % 2, i / 4 * 2 + i % 2));
+    return squares;
+}
+
 // Into -32768..32767, modulo 2^16.
 std::int32_t Wrap(std::int32_t difference) {
     return static_cast<std::int16_t>(static_cast<std::uint16_t>(difference));
@@ -286,6 +295,11 @@ Bytes PackBlocks(Samples& samples) {
 }
 
 Bytes WriteLosslessJpeg(const Samples& samples, const JpegForm& form) {
+    if (form.inSquares) {
+        JpegForm linear = form;
+        linear.inSquares = false;
+        return WriteLosslessJpeg(InSquares(samples), linear);
+    }
     const std::uint32_t lineSamples = samples.width * form.linesPerRow;
     const std::uint32_t n = form.components;
     const std::uint32_t width = lineSamples / n;

@@ -49,6 +49,7 @@ struct JpegForm {
     std::uint32_t pointTransform = 0;
     bool longCategory16 = false;    // 16 bits behind the code of category 16
     std::uint32_t linesPerRow = 1;  // rows of samples that make one line of the stream: 1 or more
+    bool inSquares = false;         // units of four components are 2 x 2 samples
 };
 // A lossless JPEG whose scan holds the samples in their order.
 Bytes WriteLosslessJpeg(const Samples& samples, const JpegForm& form);

@@ -153,6 +153,31 @@ TEST(HostileRaw, TileTablesThatLie) {
     }
 }
 
+// Every tile is the same long stream, of which the image shows only the first column.
+TEST(HostileRaw, TilesThatShareOneStream) {
+    const Bytes stream = WriteLosslessJpeg(
+        {60000, 20, std::vector<std::uint16_t>(60000 * 20, 2048)}, {.components = 4});
+    const auto build = [&](std::uint32_t offset) {
+        RawForm form = FormOf(22, 65535, 7, 12);
+        form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
+            ifd.Byte(50706, {1, 4, 0, 0}).Long(322, {0xFFFFFFFF}).Long(323, {1});
+            ifd.Long(324, std::vector<std::uint32_t>(65535, offset));
+        };
+        return BuildRaw(form, stream);
+    };
+    const Bytes file = build(0);
+    const auto found = std::search(file.begin(), file.end(), stream.begin(), stream.end());
+    EXPECT_EQ(DevelopExact(build(static_cast<std::uint32_t>(found - file.begin())), 3), 1u);
+}
+
+// Thousands of entries that all name the same text block.
+TEST(HostileRaw, TextsThatAreReadOverAndOver) {
+    TiffBuilder tiff;
+    IfdBuilder& ifd = tiff.Ifd();
+    for (int i = 0; i < 60000; ++i) ifd.Raw(50454, 7, 65536, 8);
+    DevelopExact(tiff.Build(), 3);
+}
+
 TEST(HostileRaw, HuffmanTablesThatLie) {
     const Samples samples = SmoothSamples(64, 48, 12);
     const Bytes sound = BuildRaw(FormOf(64, 48, 7, 12), WriteLosslessJpeg(samples, {}));

@@ -175,7 +175,10 @@ TEST(LosslessJpeg, RestartsShiftsAndLongLines) {
         {"restart every third line", {.predictor = 4, .restartUnits = 3 * 48}, 7},
         {"restart within lines", {.predictor = 1, .restartUnits = 13}, 99},
         {"two components, restarts", {.components = 2, .predictor = 7, .restartUnits = 24}, 7},
-        {"two rows per line", {.components = 4, .linesPerRow = 2}, 7},
+        {"two rows per line", {.components = 2, .linesPerRow = 2}, 7},
+        {"three rows per line", {.components = 4, .linesPerRow = 3}, 7},
+        {"squares", {.components = 4, .predictor = 6, .inSquares = true}, 7},
+        {"squares, restarts", {.components = 4, .restartUnits = 48, .inSquares = true}, 99},
     };
     const Samples samples = NoiseSamples(48, 24, 12);
     for (const Case& c : cases)
@@ -185,9 +188,10 @@ TEST(LosslessJpeg, RestartsShiftsAndLongLines) {
 
     Samples shifted = samples;
     for (std::uint16_t& value : shifted.values) value = static_cast<std::uint16_t>(value & ~3);
-    ExpectSame(Load(BuildRaw(FormOf(samples, 12, 7),
-                             WriteLosslessJpeg(samples, {.predictor = 4, .pointTransform = 2}))),
-               shifted, "point transform");
+    for (const JpegForm& form : {JpegForm{.predictor = 4, .pointTransform = 2},
+                                 JpegForm{.components = 4, .pointTransform = 2, .inSquares = true}})
+        ExpectSame(Load(BuildRaw(FormOf(samples, 12, 7), WriteLosslessJpeg(samples, form))),
+                   shifted, "point transform");
 }
 
 TEST(LosslessJpeg, ReadsAStreamWrittenByHand) {
@@ -262,6 +266,8 @@ TEST(DngLoader, LosslessTiles) {
          20,
          16,
          4},
+        {"tiles of squares", {.precision = 14, .components = 4, .inSquares = true}, 1, 20, 16, 4},
+        {"strips of squares", {.precision = 14, .components = 4, .inSquares = true}, 1, 12, 0, 4},
         {"three planes", {.precision = 16, .components = 3}, 3, 16, 16, 4},
         {"old category 16", {.precision = 16, .longCategory16 = true}, 1, 16, 16, 0},
     };
