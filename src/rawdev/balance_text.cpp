@@ -5,7 +5,7 @@
 namespace qmx {
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kBlanks = " \t\r\n";
 
 // Takes one number, whatever the user's locale is.
 bool TakeNumber(std::string_view& line, float& number) {
@@ -38,6 +38,20 @@ void ReadBalanceText(std::string_view text, RawDecodeState& state) {
         if (line.starts_with(kNeutral)) ReadNeutral(line.substr(kNeutral.size()), state);
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }
+}
+
+void ReadLeafBlock(std::string_view block, RawDecodeState& state) {
+    constexpr std::string_view kName = "NeutObj_neutrals";
+    constexpr std::size_t kToText = 28;  // the rest of the name's field and the length
+    const std::size_t at = block.find(kName);
+    if (at == std::string_view::npos || block.size() - at < kName.size() + kToText) return;
+    block.remove_prefix(at + kName.size() + kToText);
+    float neutral[4];
+    for (float& number : neutral)
+        if (!TakeNumber(block, number) || !(number > 0)) return;
+    for (int color = 0; color < 3; ++color)
+        state.cameraMultipliers[color] = neutral[0] / neutral[color + 1];
+    state.cameraMultipliers[3] = state.cameraMultipliers[1];
 }
 
 }  // namespace qmx

@@ -53,6 +53,15 @@ void ReadPanasonicBalance(RawDecodeState& state, const RawColorTags& tags) {
         SetCameraMultipliers(state, redBalance, 256, blueBalance);
 }
 
+// The gains that the MakerNote holds, times what the maker's own converter adds.
+void ReadEpsonBalance(RawDecodeState& state, const TagValues& words) {
+    constexpr std::uint64_t kWords = 256;
+    if (RawTypeSize(words.type) * std::uint64_t{words.count} < 2 * kWords) return;
+    const double red = state.file.U16(words.position + 2 * 24) * 508 * 1.078 / 65536;
+    const double blue = state.file.U16(words.position + 2 * 25) * 382 * 1.173 / 65536;
+    if (red > 0 && blue > 0) SetCameraMultipliers(state, red, 1, blue);
+}
+
 // The matrix for daylight where there is one, else the second, else the first.
 const TagValues& ChooseMatrixTag(const FileView& file, const RawColorTags& tags, int& index) {
     index = 1;
@@ -157,6 +166,7 @@ void SetMatrixByName(RawDecodeState& state, const char* make, const char* model)
 void ReadColorTags(RawDecodeState& state, const RawColorTags& tags) {
     const std::string_view make = state.makeText;
     if (make == "Panasonic" || make == "LEICA") ReadPanasonicBalance(state, tags);
+    ReadEpsonBalance(state, tags.epsonBalance);
     ReadNeutral(state, tags);
     XyzToCamera matrix;
     if (!state.isDng || !ReadDngMatrix(state.file, tags, matrix)) return;

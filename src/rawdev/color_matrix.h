@@ -19,7 +19,7 @@ bool SetColorMatrix(RawDecodeState& state, const XyzToCamera& matrix);
 // The same by the camera's name; nothing when no matrix is known.
 void SetMatrixByName(RawDecodeState& state, const char* make, const char* model);
 
-// Matrix and white balance of the DNG colour tags, white balance of Panasonic's tags.
+// Matrix and white balance of the DNG colour tags, white balance of Panasonic's and Epson's tags.
 void ReadColorTags(RawDecodeState& state, const RawColorTags& tags);
 
 // The camera's multipliers where they are known, else the preset ones; all finite and above 0.

@@ -182,10 +182,19 @@ void DropMakeFromModel(RawDecodeState& state) {
     std::memmove(state.modelText, state.modelText + dropped, model.size() - dropped + 1);
 }
 
-void TakePanasonicIso(RawDecodeState& state, const RawTags& tags) {
+// What these bodies say in tags of their own.
+void TakePanasonicTags(RawDecodeState& state, const RawTags& tags) {
+    constexpr std::uint32_t kElsewhere = 0xFFFFFFFF;
+    constexpr std::uint32_t kSplitBlocks = 4;  // a raw format
     const std::string_view make = state.makeText;
-    if (state.shot.isoSpeed != 0 || (make != "Panasonic" && make != "LEICA")) return;
-    state.shot.isoSpeed = static_cast<float>(ReadUnsigned(state.file, tags.panasonicIso, 0));
+    if (state.isDng || (make != "Panasonic" && make != "LEICA")) return;
+    const FileView& file = state.file;
+    if (state.shot.isoSpeed == 0)
+        state.shot.isoSpeed = static_cast<float>(ReadUnsigned(file, tags.panasonicIso, 0));
+    if (tags.panasonicData.count == 0) return;
+    if (state.dataOffset == 0 || state.dataOffset == kElsewhere)
+        state.dataOffset = ReadUnsigned(file, tags.panasonicData, 0);
+    state.splitBlocks = ReadUnsigned(file, tags.panasonicFormat, 0) == kSplitBlocks;
 }
 
 void TakePattern(RawDecodeState& state) {
@@ -205,13 +214,13 @@ bool IdentifyRaw(RawDecodeState& state) {
     ReadRawTags(state, tags);
     if (tags.isProcessed) return false;
     DropMakeFromModel(state);
-    TakePanasonicIso(state, tags);
 
     state.isDng = tags.color.dngVersion.count != 0;
     state.dngMajor = ReadUnsigned(state.file, tags.color.dngVersion, 0);
     state.dngMinor = ReadUnsigned(state.file, tags.color.dngVersion, 1);
     const RawIfd* ifd = FindRawIfd(tags, state.isDng);
     if (ifd != nullptr && !TakeRawIfd(state, *ifd)) return false;
+    TakePanasonicTags(state, tags);
     ApplyCameraRules(state);
     ReadColorTags(state, tags.color);
     if (state.modelText[0] == 0)

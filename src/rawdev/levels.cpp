@@ -7,7 +7,8 @@ namespace qmx {
 namespace {
 
 constexpr double kLargestLevel = 65535;
-constexpr std::uint32_t kMostPatternCells = 64;
+constexpr std::uint32_t kMostPatternSide = 8;  // no sensor repeats after more cells
+constexpr std::uint32_t kMostPatternCells = kMostPatternSide * kMostPatternSide;
 
 // A repeating pattern of black levels; one cell where the file gives no other.
 struct BlackPattern {
@@ -25,8 +26,8 @@ BlackPattern ReadBlackPattern(const RawDecodeState& state) {
         pattern.rows = ReadUnsigned(state.file, ifd.blackRepeat, 0);
         pattern.columns = ReadUnsigned(state.file, ifd.blackRepeat, 1);
     }
-    const bool fits = pattern.rows >= 1 && pattern.rows <= kMostPatternCells &&
-                      pattern.columns >= 1 && pattern.columns <= kMostPatternCells;
+    const bool fits = pattern.rows >= 1 && pattern.rows <= kMostPatternSide &&
+                      pattern.columns >= 1 && pattern.columns <= kMostPatternSide;
     if (!fits) return {};
     if (state.samplesPerPixel == 3 && ifd.blackLevel.count == 3 * pattern.Cells())
         pattern.planes = 3;

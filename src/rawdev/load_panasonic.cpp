@@ -7,6 +7,7 @@
 
 #include "rawdev/cell_sink.h"
 #include "rawdev/loaders.h"
+#include "rawdev/split_rows.h"
 #include "rawdev/stored_row.h"
 
 namespace qmx {
@@ -140,13 +141,12 @@ std::uint64_t BlockRow(const RawDecodeState& state) {
     return (std::uint64_t{SamplesPerRow(state)} + kGroupSamples - 1) / kGroupSamples * kGroupBytes;
 }
 
-bool LoadBlocks(RawDecodeState& state, CellSink& sink) {
-    StoredRows rows;
-    const std::uint64_t rowBytes = BlockRow(state);
-    if (!rows.Start(state, rowBytes)) return false;
+// `groupsOf` gives a row's groups.
+template <class GroupsOf>
+void DecodeRows(RawDecodeState& state, CellSink& sink, GroupsOf&& groupsOf) {
     const std::uint32_t count = SamplesPerRow(state);
     StreamRows(state, sink, false, [&](std::uint32_t rawRow, std::uint16_t* dst) {
-        const std::uint8_t* group = rows.At(state.dataOffset + rawRow * rowBytes);
+        const std::uint8_t* group = groupsOf(rawRow);
         std::uint32_t done = 0;
         for (; done + kGroupSamples <= count; done += kGroupSamples, group += kGroupBytes)
             DecodeGroup(group, dst + done);
@@ -156,6 +156,20 @@ bool LoadBlocks(RawDecodeState& state, CellSink& sink) {
         DecodeGroup(group, last);
         std::copy_n(last, count - done, dst + done);
     });
+}
+
+bool LoadBlocks(RawDecodeState& state, CellSink& sink) {
+    const std::uint64_t rowBytes = BlockRow(state);
+    if (state.splitBlocks) {
+        SplitRows rows;
+        if (!rows.Start(state, rowBytes)) return false;
+        DecodeRows(state, sink, [&](std::uint32_t rawRow) { return rows.At(rawRow * rowBytes); });
+        return true;
+    }
+    StoredRows rows;
+    if (!rows.Start(state, rowBytes)) return false;
+    DecodeRows(state, sink,
+               [&](std::uint32_t rawRow) { return rows.At(state.dataOffset + rawRow * rowBytes); });
     return true;
 }
 

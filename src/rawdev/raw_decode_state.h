@@ -70,6 +70,7 @@ struct RawDecodeState {
     std::uint32_t dngMinor = 0;
     const Loader* loader = nullptr;
     std::uint64_t dataOffset = 0;
+    bool splitBlocks = false;       // Panasonic's blocks stand with their parts exchanged
     std::uint32_t rowPitch = 0;     // bytes from row to row; 0: rows follow each other
     std::uint32_t storedWidth = 0;  // samples per stored row where `rawWidth` does not tell; else 0
 

@@ -27,6 +27,28 @@ struct Walk {
 
 void ReadDirectory(Walk& walk, std::uint64_t position, bool isImage);
 
+TagValues ValuesOf(const FileView& file, std::uint64_t entry) {
+    TagValues values;
+    values.type = static_cast<std::uint16_t>(file.U16(entry + 2));
+    values.count = file.U32(entry + 4);
+    values.position = entry + 8;
+    // A value that fits 4 bytes stands in the entry itself.
+    if (std::uint64_t{RawTypeSize(values.type)} * values.count > 4)
+        values.position = file.U32(entry + 8);
+    return values;
+}
+
+template <class Visit>
+void ForEntries(Walk& walk, std::uint64_t position, Visit&& visit) {
+    const std::uint32_t count = walk.file.U16(position);
+    for (std::uint32_t i = 0; i < count && walk.workLeft > 0; ++i) {
+        const std::uint64_t entry = position + 2 + std::uint64_t{i} * kEntryBytes;
+        if (walk.file.BytesFrom(entry) < kEntryBytes) return;
+        walk.workLeft -= kEntryBytes;
+        visit(entry);
+    }
+}
+
 // Stores of the table below.
 
 template <auto Field>
@@ -140,18 +162,32 @@ void StoreFlash(Walk& walk, const TagValues& values) {
     walk.state.shot.flashFired = (ReadUnsigned(walk.file, values, 0) & 1) != 0;
 }
 
-void StorePanasonicIso(Walk& walk, const TagValues& values) {
-    KeepFirst(walk.tags.panasonicIso, values);
+template <auto Field>
+void StoreTag(Walk& walk, const TagValues& values) {
+    KeepFirst(walk.tags.*Field, values);
 }
 
-void StoreBalanceText(Walk& walk, const TagValues& values) {
+template <auto Read>
+void ReadTextBlock(Walk& walk, const TagValues& values) {
     const std::uint64_t there = walk.file.BytesFrom(values.position);
     const auto length =
         static_cast<std::size_t>(std::min({std::uint64_t{values.count}, there, kMaxBalanceText}));
     if (length == 0) return;
     walk.workLeft -= static_cast<std::int64_t>(length);
     const auto* text = reinterpret_cast<const char*>(walk.file.data + values.position);
-    ReadBalanceText({text, length}, walk.state);
+    Read({text, length}, walk.state);
+}
+
+// Epson's note: a name of 8 bytes, then entries whose offsets count from the file's start.
+void FindEpsonBalance(Walk& walk, const TagValues& note) {
+    constexpr std::string_view kName = "EPSON";
+    constexpr std::uint32_t kBalance = 0x0E80;
+    for (std::size_t i = 0; i < kName.size(); ++i)
+        if (static_cast<char>(walk.file.U8(note.position + i)) != kName[i]) return;
+    ForEntries(walk, note.position + 8, [&walk](std::uint64_t entry) {
+        if (walk.file.U16(entry) == kBalance)
+            KeepFirst(walk.tags.color.epsonBalance, ValuesOf(walk.file, entry));
+    });
 }
 
 void OpenSubIfds(Walk& walk, const TagValues& values) {
@@ -177,10 +213,11 @@ constexpr RawTagRow kTags[] = {
     {3, StoreSensorHeight},
     {17, StoreColor<&Color::balanceRed>},
     {18, StoreColor<&Color::balanceBlue>},
-    {23, StorePanasonicIso},
+    {23, StoreTag<&RawTags::panasonicIso>},
     {36, StoreColor<&Color::levelRed>},
     {37, StoreColor<&Color::levelGreen>},
     {38, StoreColor<&Color::levelBlue>},
+    {45, StoreTag<&RawTags::panasonicFormat>},
     {254, StoreIfdNumber<&RawIfd::subfileType>},
     {256, StoreIfdNumber<&RawIfd::width>},
     {257, StoreIfdNumber<&RawIfd::height>},
@@ -194,6 +231,7 @@ constexpr RawTagRow kTags[] = {
     {277, StoreIfdNumber<&RawIfd::samplesPerPixel>},
     {278, StoreIfdNumber<&RawIfd::rowsPerStrip>},
     {279, StoreIfdValues<&RawIfd::byteCounts>},
+    {280, StoreTag<&RawTags::panasonicData>},
     {284, StoreIfdNumber<&RawIfd::planarConfig>},
     {305, StoreSoftware},
     {306, StoreDateTime},
@@ -206,6 +244,7 @@ constexpr RawTagRow kTags[] = {
     {33422, StoreIfdValues<&RawIfd::cfaPattern>},
     {33434, StoreShotFloat<&ShotData::exposureTime>},
     {33437, StoreShotFloat<&ShotData::fNumber>},
+    {34310, ReadTextBlock<ReadLeafBlock>},
     {34665, OpenExif},
     {34850, StoreShotCode<&ShotData::exposureProgram>},
     {34855, StoreShotFloat<&ShotData::isoSpeed>},
@@ -216,9 +255,10 @@ constexpr RawTagRow kTags[] = {
     {37383, StoreShotCode<&ShotData::meteringMode>},
     {37385, StoreFlash},
     {37386, StoreShotFloat<&ShotData::focalLength>},
+    {37500, FindEpsonBalance},
     {41987, StoreShotCode<&ShotData::whiteBalance>},
-    {50454, StoreBalanceText},
-    {50455, StoreBalanceText},
+    {50454, ReadTextBlock<ReadBalanceText>},
+    {50455, ReadTextBlock<ReadBalanceText>},
     {50706, StoreColor<&Color::dngVersion>},
     {50712, StoreIfdValues<&RawIfd::linearization>},
     {50713, StoreIfdValues<&RawIfd::blackRepeat>},
@@ -247,25 +287,8 @@ void ReadEntry(Walk& walk, std::uint64_t position) {
         [](const RawTagRow& candidate, std::uint32_t wanted) { return candidate.tag < wanted; });
     if (row == std::end(kTags) || row->tag != tag) return;
 
-    TagValues values;
-    values.type = static_cast<std::uint16_t>(walk.file.U16(position + 2));
-    values.count = walk.file.U32(position + 4);
-    values.position = position + 8;
-    if (values.count == 0) return;
-    // A value that fits 4 bytes stands in the entry itself.
-    if (std::uint64_t{RawTypeSize(values.type)} * values.count > 4)
-        values.position = walk.file.U32(position + 8);
-    row->store(walk, values);
-}
-
-void ReadEntries(Walk& walk, std::uint64_t position) {
-    const std::uint32_t count = walk.file.U16(position);
-    for (std::uint32_t i = 0; i < count && walk.workLeft > 0; ++i) {
-        const std::uint64_t entry = position + 2 + std::uint64_t{i} * kEntryBytes;
-        if (walk.file.BytesFrom(entry) < kEntryBytes) return;
-        walk.workLeft -= kEntryBytes;
-        ReadEntry(walk, entry);
-    }
+    const TagValues values = ValuesOf(walk.file, position);
+    if (values.count != 0) row->store(walk, values);
 }
 
 // The Exif directory describes no image of its own.
@@ -277,7 +300,7 @@ void ReadDirectory(Walk& walk, std::uint64_t position, bool isImage) {
     walk.ifd = isImage ? &walk.tags.ifds[walk.tags.ifdCount++] : &unused;
     walk.workLeft -= kEntryBytes;
     ++walk.depth;
-    ReadEntries(walk, position);
+    ForEntries(walk, position, [&walk](std::uint64_t entry) { ReadEntry(walk, entry); });
     --walk.depth;
     walk.ifd = outer;
 }

@@ -16,6 +16,7 @@ struct RawColorTags {
     TagValues colorMatrix[2], cameraCalibration[2], illuminant[2];
     TagValues analogBalance, asShotNeutral, asShotWhite;
     // Of Panasonic bodies: red and blue over 256, or red, green and blue on a scale of their own.
+    TagValues epsonBalance;  // 256 words of the Epson bodies' MakerNote
     TagValues balanceRed, balanceBlue, levelRed, levelGreen, levelBlue;
 };
 
@@ -23,7 +24,7 @@ struct RawTags {
     std::array<RawIfd, 32> ifds;
     std::uint32_t ifdCount = 0;
     RawColorTags color;
-    TagValues panasonicIso;
+    TagValues panasonicIso, panasonicFormat, panasonicData;
     bool isProcessed = false;  // the output of a converter
 };
 

@@ -7,6 +7,7 @@
 
 #include "rawdev/identify.h"
 #include "rawdev/loaders.h"
+#include "support/note_file.h"
 #include "support/raw_builder.h"
 
 namespace qmx::test {
@@ -326,6 +327,40 @@ TEST(RawColors, FollowFromTheMatrix) {
         RawDecodeState state;
         ASSERT_TRUE(Identify(BuildRaw(form, {}), state));
         EXPECT_TRUE(state.rawColor) << model;
+    }
+}
+
+TEST(RawColors, BalanceOfEpsonsNoteAndLeafsBlock) {
+    std::vector<std::uint32_t> words(256);
+    words[24] = 200;
+    words[25] = 150;
+    for (const Order order : {Order::kLittle, Order::kBig}) {
+        NoteFile file(order, "SEIKO EPSON CORP.", std::string_view("EPSON\0\1\0", 8));
+        file.Ifd().Long(256, {64}).Long(257, {48}).Short(258, {12}).Short(259, {1});
+        file.Note().Short(0x0201, {7}).Short(0x0E80, words);
+        RawDecodeState state;
+        ASSERT_TRUE(Identify(file.Build(), state));
+        EXPECT_FLOAT_EQ(state.cameraMultipliers[0], 200 * 508 * 1.078 / 65536);
+        EXPECT_EQ(state.cameraMultipliers[1], 1);
+        EXPECT_FLOAT_EQ(state.cameraMultipliers[2], 150 * 382 * 1.173 / 65536);
+    }
+    const std::string name = std::string(60, '.') + "NeutObj_neutrals" + std::string(28, '\0');
+    struct Case {
+        std::string text;
+        float red, green, blue;
+    };
+    const Case cases[] = {
+        {"1000 500 1000\n800", 2, 1, 1.25f}, {"1000 500 1000", 0, 0, 0}, {"1 0 1 1", 0, 0, 0}};
+    for (const Case& c : cases) {
+        const std::string block = name + c.text;
+        RawDecodeState state;
+        ASSERT_TRUE(Identify(Directory([&](TiffBuilder&, IfdBuilder& ifd) {
+                                 ifd.Undefined(34310, Bytes(block.begin(), block.end()));
+                             }),
+                             state));
+        EXPECT_EQ(state.cameraMultipliers[0], c.red) << c.text;
+        EXPECT_EQ(state.cameraMultipliers[1], c.green) << c.text;
+        EXPECT_EQ(state.cameraMultipliers[2], c.blue) << c.text;
     }
 }
 

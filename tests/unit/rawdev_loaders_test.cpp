@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "rawdev/pipeline.h"
 #include "support/raw_builder.h"
 
@@ -136,6 +138,34 @@ TEST(PanasonicLoader, ReadsGroupsWrittenByHand) {
             expected.values.push_back(static_cast<std::uint16_t>(v << 4));
     }
     ExpectSame(Load(PanasonicFile(28, 22, data)), expected, "by hand");
+}
+
+// The last 0x1FF8 bytes of each block come first.  The widths put the seams within groups, between
+// rows and within them.
+TEST(PanasonicLoader, JoinsSplitBlocks) {
+    constexpr std::ptrdiff_t kBlock = 0x4000, kHead = 0x2008;
+    struct Case {
+        std::uint32_t width, height;
+    };
+    for (const Case& c : {Case{28, 512}, Case{42, 1024}, Case{28672, 24}}) {
+        Samples samples = SmoothSamples(c.width, c.height, 12);
+        Bytes data = PackBlocks(samples);
+        ASSERT_EQ(data.size() % kBlock, 0u);
+        for (auto block = data.begin(); block != data.end(); block += kBlock)
+            std::rotate(block, block + kHead, block + kBlock);
+        TiffBuilder tiff;
+        tiff.Ifd()
+            .Short(2, {c.width})
+            .Short(3, {c.height})
+            .Short(45, {4})
+            .Ascii(271, "Panasonic")
+            .Ascii(272, "DMC-X")
+            .Long(273, {0xFFFFFFFF})
+            .Long(280, {512});
+        for (std::uint16_t& value : samples.values) value = static_cast<std::uint16_t>(value << 4);
+        ExpectSame(Load(ByteWriter(Order::kLittle).Raw(tiff.Build()).Pad(512).Raw(data).bytes),
+                   samples, std::to_string(c.width));
+    }
 }
 
 TEST(PanasonicLoader, PlainWordsStayAsStored) {
