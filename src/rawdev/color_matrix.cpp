@@ -55,10 +55,12 @@ void ReadPanasonicBalance(RawDecodeState& state, const RawColorTags& tags) {
 
 // The gains that the MakerNote holds, times what the maker's own converter adds.
 void ReadEpsonBalance(RawDecodeState& state, const TagValues& words) {
-    constexpr std::uint64_t kWords = 256;
-    if (RawTypeSize(words.type) * std::uint64_t{words.count} < 2 * kWords) return;
-    const double red = state.file.U16(words.position + 2 * 24) * 508 * 1.078 / 65536;
-    const double blue = state.file.U16(words.position + 2 * 25) * 382 * 1.173 / 65536;
+    constexpr std::uint64_t kBytes = 512;
+    constexpr std::uint64_t kRedAt = 48;
+    constexpr std::uint64_t kBlueAt = 50;
+    if (RawTypeSize(words.type) * std::uint64_t{words.count} < kBytes) return;
+    const double red = state.file.U16(words.position + kRedAt) * 508 * 1.078 / 65536;
+    const double blue = state.file.U16(words.position + kBlueAt) * 382 * 1.173 / 65536;
     if (red > 0 && blue > 0) SetCameraMultipliers(state, red, 1, blue);
 }
 
@@ -158,8 +160,9 @@ void SetMatrixByName(RawDecodeState& state, const char* make, const char* model)
     const CameraMatrix* row = FindCameraMatrix({camera, length});
     if (row == nullptr) return;
     XyzToCamera matrix;
-    for (int i = 0; i < 9; ++i)
-        matrix.rows[i / 3][i % 3] = row->xyzToCamera[i / 3][i % 3] / 10000.0;
+    for (int color = 0; color < 3; ++color)
+        for (int axis = 0; axis < 3; ++axis)
+            matrix.rows[color][axis] = row->xyzToCamera[color][axis] / 10000.0;
     SetColorMatrix(state, matrix);
 }
 

@@ -64,6 +64,8 @@ std::vector<SeedFile> RawSeeds() {
         {"words.raw", BuildRaw(SeedForm(twelve, 16, 0), PackWords(twelve, Order::kLittle))},
         {"jpeg.raw", BuildRaw(SeedForm(twelve, 12, 7),
                               WriteLosslessJpeg(twelve, {.components = 2, .predictor = 6}))},
+        {"squares.raw", BuildRaw(SeedForm(twelve, 12, 7),
+                                 WriteLosslessJpeg(twelve, {.components = 4, .inSquares = true}))},
         {"restarts.raw",
          BuildRaw(SeedForm(twelve, 12, 6), WriteLosslessJpeg(twelve, {.restartUnits = 60}))},
         {"paired.raw", BuildRaw(hasselblad, WritePairedJpeg(twelve, 12))},

@@ -132,6 +132,47 @@ TEST(HostileRaw, DirectoriesThatPointAnywhere) {
     }
 }
 
+TEST(HostileRaw, StripsAndAreasAnywhere) {
+    for (const char* make : {"ACME", "Hasselblad", "Panasonic"}) {
+        for (const std::uint32_t compression : {0u, 1u, 6u, 7u, 32769u, 32773u}) {
+            for (const std::uint32_t offset : {0u, 1u, 700u, 4999u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+                for (const std::uint32_t bits : {0u, 8u, 12u, 16u, 64u, 0xFFFFu}) {
+                    RawForm form = FormOf(64, 48, compression, bits);
+                    form.make = make;
+                    form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
+                        ifd.Long(273, {offset}).Long(280, {offset}).Short(45, {4});
+                        if (offset % 2 != 0) ifd.Byte(50706, {1, 4, 0, 0});
+                    };
+                    DevelopExact(BuildRaw(form, Bytes(4000)), offset % 2);
+                }
+            }
+        }
+    }
+    const std::vector<std::uint32_t> areas[] = {
+        {0, 0, 65535, 65535}, {47, 63, 48, 64},        {10, 10, 5, 5}, {0, 0, 0, 0},
+        {26, 63, 48, 64},     {0xFFFFFFFF, 0, 22, 64}, {20, 0, 0, 64}};
+    for (const auto& area : areas) {
+        RawForm form = FormOf(64, 48, 1, 16);
+        form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
+            ifd.Byte(50706, {1, 4, 0, 0}).Long(50829, area);
+        };
+        DevelopExact(BuildRaw(form, Bytes(64 * 48 * 2)), 1);
+    }
+}
+
+// Rows of this width take 80 bytes of blocks, but 68 a row are what tells blocks from words.
+TEST(HostileRaw, BlockStreamsCutAnywhere) {
+    for (const std::uint32_t format : {0u, 4u}) {
+        for (std::uint32_t length = 68 * 22; length < 68 * 23; ++length) {
+            TiffBuilder tiff;
+            IfdBuilder& ifd = tiff.Ifd().Short(2, {60}).Short(3, {22});
+            ifd.Ascii(271, "LEICA").Short(45, {format}).Long(280, {200});
+            const Bytes head = ByteWriter(Order::kLittle).Raw(tiff.Build()).Pad(200).bytes;
+            EXPECT_EQ(DevelopExact(head + Bytes(length, 0x5A), length % 2), 1u);
+        }
+    }
+}
+
 TEST(HostileRaw, TileTablesThatLie) {
     const Samples samples = SmoothSamples(64, 48, 12);
     struct Case {
