@@ -55,12 +55,10 @@ void ReadPanasonicBalance(RawDecodeState& state, const RawColorTags& tags) {
 
 // The gains that the MakerNote holds, times what the maker's own converter adds.
 void ReadEpsonBalance(RawDecodeState& state, const TagValues& words) {
-    constexpr std::uint64_t kBytes = 512;
-    constexpr std::uint64_t kRedAt = 48;
-    constexpr std::uint64_t kBlueAt = 50;
-    if (RawTypeSize(words.type) * std::uint64_t{words.count} < kBytes) return;
-    const double red = state.file.U16(words.position + kRedAt) * 508 * 1.078 / 65536;
-    const double blue = state.file.U16(words.position + kBlueAt) * 382 * 1.173 / 65536;
+    constexpr std::uint64_t kWordCount = 256, kRed = 24, kBlue = 25;
+    if (RawTypeSize(words.type) * std::uint64_t{words.count} < 2 * kWordCount) return;
+    const double red = state.file.U16(words.position + 2 * kRed) * 508 * 1.078 / 65536;
+    const double blue = state.file.U16(words.position + 2 * kBlue) * 382 * 1.173 / 65536;
     if (red > 0 && blue > 0) SetCameraMultipliers(state, red, 1, blue);
 }
 

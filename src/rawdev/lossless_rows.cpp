@@ -9,8 +9,8 @@ bool LosslessRows::Open(std::span<const std::uint8_t> stream, const LosslessOpti
     if (!decoder_.Open(stream, options)) return false;
     const LosslessHeader& header = decoder_.Header();
     // Four components run along the row, or make squares of 2 x 2 cells.  Nothing in the stream
-    // says which: half the size both ways is the only sign of squares.  Along the row the frame is
-    // a quarter as wide and as high as the picture.
+    // says which: half the size both ways is the only sign of squares.  Frames of the other kind
+    // are a quarter as wide as the picture and just as high.
     inSquares_ = header.components == 4 && std::uint64_t{header.width} * 2 == width &&
                  std::uint64_t{header.height} * 2 == height;
     width_ = width;
