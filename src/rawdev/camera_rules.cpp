@@ -4,6 +4,7 @@
 
 #include "rawdev/color_matrix.h"
 #include "rawdev/loaders.h"
+#include "rawdev/split_rows.h"
 
 namespace qmx {
 namespace {
@@ -66,10 +67,16 @@ void ApplyGeometry(RawDecodeState& state, const PanasonicGeometry& row) {
     if (row.matrixModel != nullptr) SetMatrixByName(state, "Panasonic", row.matrixModel);
 }
 
-// Blocks hold 7 samples in 8 bytes, and nothing follows them.
+// Blocks hold 7 samples in 8 bytes, and nothing follows them.  Of split blocks the last one is
+// stored whole, which may be more than the rows need.
 bool HoldsPanasonicBlocks(const RawDecodeState& state) {
     const std::uint64_t rowBytes = std::uint64_t{state.width} * 8 / 7;
-    return rowBytes != 0 && state.file.BytesFrom(state.dataOffset) / rowBytes == state.height;
+    const std::uint64_t there = state.file.BytesFrom(state.dataOffset);
+    if (rowBytes == 0) return false;
+    if (there / rowBytes == state.height) return true;
+    const std::uint64_t blocks =
+        (rowBytes * state.height + SplitRows::kBlock - 1) / SplitRows::kBlock;
+    return state.splitBlocks && there == blocks * SplitRows::kBlock;
 }
 
 void ApplyPanasonicRules(RawDecodeState& state) {

@@ -12,6 +12,8 @@ namespace qmx {
 
 class SplitRows {
 public:
+    static constexpr std::uint64_t kBlock = 0x4000;
+
     // False when memory is short.
     bool Start(RawDecodeState& state, std::uint64_t rowBytes) {
         file_ = state.file;
@@ -40,7 +42,6 @@ public:
     }
 
 private:
-    static constexpr std::uint64_t kBlock = 0x4000;
     static constexpr std::uint64_t kTail = 0x1FF8;  // first in the file, last of the block
     static constexpr std::uint64_t kHead = kBlock - kTail;
 
