@@ -96,10 +96,12 @@ CellColor::CellColor(RawDecodeState& state)
     : black_(static_cast<float>(state.black)), histogram_(state.channelHistogram.get()) {
     float multipliers[kColors];
     ChooseMultipliers(state, multipliers);
-    const float smallest = *std::min_element(multipliers, multipliers + 3);
+    // Clipped highlights are white; those that are mended keep all that the sensor saw.
+    const auto [smallest, largest] = std::minmax_element(multipliers, multipliers + 3);
+    const float unity = state.highlightMode == 0 ? *smallest : *largest;
     const std::uint32_t range = state.maximum > state.black ? state.maximum - state.black : 1;
     for (std::uint32_t color = 0; color < kColors; ++color)
-        scale_[color] = multipliers[color] / smallest * (kFullScale / static_cast<float>(range));
+        scale_[color] = multipliers[color] / unity * (kFullScale / static_cast<float>(range));
     for (int row = 0; row < 3; ++row)
         for (int column = 0; column < 3; ++column)
             matrix_[row][column] = state.rawColor ? static_cast<float>(row == column)

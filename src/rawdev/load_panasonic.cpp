@@ -20,7 +20,7 @@ constexpr std::uint32_t kGroupSamples = 14;
 constexpr int kLevelShift = 4;
 
 std::uint64_t LoadWord(const std::uint8_t* p) {
-    std::uint64_t word;
+    std::uint64_t word = 0;
     std::memcpy(&word, p, sizeof word);  // x64 is little-endian
     return word;
 }

@@ -9,6 +9,7 @@
 #include "rawdev/cell_sink.h"
 #include "rawdev/demosaic.h"
 #include "rawdev/dng_tiles.h"
+#include "rawdev/highlights.h"
 #include "rawdev/identify.h"
 
 namespace qmx {
@@ -69,14 +70,23 @@ bool AllocateBuffers(RawDecodeState& state) {
     return true;
 }
 
-// At full size every cell still lacks the colours that its sensor cell did not see.
-bool FillMissingColors(RawDecodeState& state) {
-    if (state.cfaPattern == 0 || state.shrinkShift != 0) return true;
-    const CellColor color(state);
+bool IsMosaic(const RawDecodeState& state) {
+    return state.cfaPattern != 0 && state.shrinkShift == 0;
+}
+
+// What was left to do until all cells were there: at full size each still lacks the colours that
+// its sensor cell did not see, and highlights look at the cells around.
+bool FinishColors(RawDecodeState& state) {
+    if (!IsMosaic(state) && !MendsHighlights(state)) return true;
+    CellColor color(state);
     const std::uint64_t cells = std::uint64_t{state.outputHeight} * state.outputWidth;
-    color.BalanceCells(state.image.get(), cells);
-    FoldGreens(state);
-    if (!Demosaic(state)) return false;
+    if (IsMosaic(state)) {
+        color.BalanceCells(state.image.get(), cells);
+        FoldGreens(state);
+        if (!Demosaic(state)) return false;
+    }
+    if (MendsHighlights(state) && !MendHighlights(state)) return false;
+    std::memset(state.channelHistogram.get(), 0, kColors * sizeof state.channelHistogram[0]);
     color.ConvertCells(state.image.get(), cells);
     return true;
 }
@@ -91,13 +101,18 @@ bool LoadCells(RawDecodeState& state, std::uint32_t shrinkLevel) {
         state.error = E_OUTOFMEMORY;
         return false;
     }
+    // Highlights are mended in the camera's colours: until then the matrix waits.
+    const bool rawColor = state.rawColor;
+    state.rawColor |= MendsHighlights(state);
     CellSink sink;
-    return sink.Start(state) && state.loader->load(state, sink);
+    const bool loaded = sink.Start(state) && state.loader->load(state, sink);
+    state.rawColor = rawColor;
+    return loaded;
 }
 
 std::uint32_t DevelopView(RawDecodeState& state, IStream* stream, std::uint32_t shrinkLevel) {
     const bool written =
-        LoadCells(state, shrinkLevel) && FillMissingColors(state) && WriteBitmap(state, stream);
+        LoadCells(state, shrinkLevel) && FinishColors(state) && WriteBitmap(state, stream);
     if (state.scratch.RanShort()) state.error = E_OUTOFMEMORY;
     state.image.reset();
     state.bitmap.reset();

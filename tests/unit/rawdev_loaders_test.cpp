@@ -150,6 +150,7 @@ TEST(PanasonicLoader, JoinsSplitBlocks) {
     for (const Case& c : {Case{28, 512}, Case{42, 1024}, Case{28672, 24}, Case{56, 300}}) {
         Bytes data = PackBits(NoiseSamples(c.width / 14 * 16, c.height, 8), 8);
         const Samples expected = Load(PanasonicFile(c.width, c.height, data));
+        ASSERT_EQ(expected.width, c.width);
         data.resize((data.size() + kBlock - 1) / kBlock * kBlock);
         for (auto block = data.begin(); block != data.end(); block += kBlock)
             std::rotate(block, block + kHead, block + kBlock);

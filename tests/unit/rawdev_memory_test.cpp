@@ -108,6 +108,7 @@ TEST(RawMemory, EveryAllocationMayFail) {
                 RawDecodeState state;
                 state.file.data = seed.bytes.data();
                 state.file.size = seed.bytes.size();
+                state.highlightMode = level == 1 ? 3 : 0;
                 const std::uint32_t written = DevelopView(state, stream, level);
                 EXPECT_EQ(state.error, g_watch.failed ? E_OUTOFMEMORY : S_OK) << seed.name;
                 return written;

@@ -347,6 +347,54 @@ TEST(Colors, BalancedCameraColorsBecomeOutputColors) {
     EXPECT_NEAR(state.image[100][2] / 65535.0, 0.235392, 0.0005);
 }
 
+// A grey wall that grows brighter to the right until green saturates.
+TEST(Colors, HighlightsFadeOrAreRebuilt) {
+    constexpr std::uint32_t kWidth = 128, kHeight = 32, kWhite = 16000;
+    constexpr double kNeutral[] = {0.5, 1, 0.6};
+    Samples samples = {kWidth, kHeight, {}};
+    for (std::uint32_t y = 0; y < kHeight; ++y)
+        for (std::uint32_t x = 0; x < kWidth; ++x) {
+            const std::uint32_t color = y % 2 == 0 ? x % 2 : 1 + x % 2;
+            const double light = 4000 + 20000.0 * (x / 8 * 8) / kWidth;
+            samples.values.push_back(
+                static_cast<std::uint16_t>(std::min<double>(kWhite, light * kNeutral[color])));
+        }
+    DngForm form;
+    static_cast<RawForm&>(form) = FormOf(kWidth, kHeight);
+    form.more = [](TiffBuilder&, IfdBuilder& ifd) {
+        ifd.Rational(50728, {{5, 10}, {1}, {6, 10}}).Short(50717, {kWhite});
+    };
+    const Bytes file = BuildDng(
+        form, samples, [](const Samples& part) { return PackWords(part, Order::kLittle); });
+    const auto develop = [&](std::int32_t mode, std::uint32_t level) {
+        RawDecodeState state;
+        state.file.data = file.data();
+        state.file.size = file.size();
+        state.highlightMode = mode;
+        MemoryStream stream;
+        EXPECT_EQ(DevelopView(state, &stream, level), 1u);
+        return ReadBitmap(stream.bytes);
+    };
+    for (const std::uint32_t level : {0u, 1u, 3u}) {
+        const Picture kept = develop(1, level);
+        const Picture blended = develop(2, level);
+        const Picture rebuilt = develop(3, level);
+        const std::uint32_t row = kept.height / 2;
+        const std::uint32_t last = kept.width - 1 - (8u >> level);
+        const std::uint32_t dark = kept.width / 4 + (4u >> level);
+        // Magenta, less of it, grey.
+        const auto cast = [&](const Picture& p) {
+            return p.At(row, last).red - p.At(row, last).green;
+        };
+        EXPECT_GT(cast(kept), 20) << level;
+        EXPECT_LT(cast(blended), cast(kept) - 10) << level;
+        EXPECT_NEAR(cast(rebuilt), 0, 2) << level;
+        EXPECT_GT(rebuilt.At(row, last).green, kept.At(row, last).green + 10) << level;
+        for (const Picture* picture : {&kept, &blended, &rebuilt})
+            EXPECT_NEAR(picture->At(row, dark).red, picture->At(row, dark).green, 2) << level;
+    }
+}
+
 struct Told {
     UINT32 result;
     InfoRequest record;
