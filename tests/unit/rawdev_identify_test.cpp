@@ -340,9 +340,9 @@ TEST(RawColors, BalanceOfEpsonsNoteAndLeafsBlock) {
         file.Note().Short(0x0201, {7}).Short(0x0E80, words);
         RawDecodeState state;
         ASSERT_TRUE(Identify(file.Build(), state));
-        EXPECT_FLOAT_EQ(state.cameraMultipliers[0], 200 * 508 * 1.078 / 65536);
+        EXPECT_FLOAT_EQ(state.cameraMultipliers[0], 200 * 508 * 1.078f / 65536);
         EXPECT_EQ(state.cameraMultipliers[1], 1);
-        EXPECT_FLOAT_EQ(state.cameraMultipliers[2], 150 * 382 * 1.173 / 65536);
+        EXPECT_FLOAT_EQ(state.cameraMultipliers[2], 150 * 382 * 1.173f / 65536);
     }
     const std::string name = std::string(60, '.') + "NeutObj_neutrals" + std::string(28, '\0');
     struct Case {
