@@ -45,12 +45,7 @@ public:
 
     // Bytes that the file holds of a tile.
     std::uint64_t BytesOf(std::uint32_t row, std::uint32_t column) const {
-        const std::uint64_t position = Position(row, column);
-        if (position == 0) return 0;
-        const std::uint64_t there = state_.file.BytesFrom(position);
-        const std::uint32_t stated =
-            ReadUnsigned(state_.file, state_.ifd.byteCounts, row * across_ + column);
-        return stated == 0 ? there : std::min<std::uint64_t>(there, stated);
+        return BytesOf(row * across_ + column);
     }
 
     // Bytes of all tiles, at most the file's: tiles that share theirs do not count twice.
@@ -63,12 +58,19 @@ public:
             std::min({std::uint64_t{across_} * down_, stored, std::uint64_t{offsets.count}});
         std::uint64_t sum = 0;
         for (std::uint64_t i = 0; i < count && sum < state_.file.size; ++i)
-            sum += BytesOf(static_cast<std::uint32_t>(i / across_),
-                           static_cast<std::uint32_t>(i % across_));
+            sum += BytesOf(static_cast<std::uint32_t>(i));
         return std::min(sum, state_.file.size);
     }
 
 private:
+    std::uint64_t BytesOf(std::uint32_t index) const {
+        const std::uint64_t position = ReadUnsigned(state_.file, state_.ifd.offsets, index);
+        if (position == 0) return 0;
+        const std::uint64_t there = state_.file.BytesFrom(position);
+        const std::uint32_t stated = ReadUnsigned(state_.file, state_.ifd.byteCounts, index);
+        return stated == 0 ? there : std::min<std::uint64_t>(there, stated);
+    }
+
     const RawDecodeState& state_;
     bool isTiled_;
     std::uint32_t width_;
