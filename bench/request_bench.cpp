@@ -1,10 +1,11 @@
 // Measures what the library's requests cost per file, as a multiple of the least that any reader
 // of the file must do: open, get the size, map, touch the first 64 KiB, unmap, close.
 //
-//     request_bench [--repeat N] [--csv OUT] [--dll LIBRARY] [FILE|FOLDER]...
+//     request_bench [--repeat N] [--csv OUT] [--dll LIBRARY] [--only REQUEST] [FILE|FOLDER]...
 
 #include "copy_stream.h"
 #include "platform.h"
+#include "request_counts.h"
 
 #include <algorithm>
 #include <array>
@@ -22,25 +23,44 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum Operation : std::size_t { kFloor, kInfo, kInfoText, kThumbnail, kList, kOperations };
-
-struct OperationRow {
-    const char* name;
-    double limit;  // of the ratio to the floor
+enum Operation : std::size_t {
+    kFloor,
+    kInfo,
+    kInfoText,
+    kThumbnail,
+    kList,
+    kPrimary,
+    kDevelop,
+    kOperations
 };
 
+constexpr double kNoLimit = 0;
+
+// Limits of the ratio to the floor: of the files' median, and of the ninth of ten.
+struct OperationRow {
+    const char* name;
+    double limit;
+    double ninthLimit = kNoLimit;
+};
+
+// The last two copy or make whole pictures, whose cost is the picture's.
 constexpr OperationRow kRows[kOperations] = {
-    {"floor", 1.0}, {"info", 1.2}, {"info_text", 1.2}, {"thumbnail", 1.3}, {"list", 1.4},
+    {"floor", kNoLimit}, {"info", 1.05, 1.3},   {"info_text", kNoLimit}, {"thumbnail", 1.15},
+    {"list", 1.2},       {"primary", kNoLimit}, {"develop", kNoLimit},
 };
 
 constexpr int kWarmUpRounds = 5;
 constexpr std::size_t kDefaultRepeats = 201;
 constexpr int kMaxRepeats = 1000000;
+constexpr std::size_t kSlowest = 5;
+// Development takes a hundred times as long as the others.
+constexpr std::size_t kRoundsPerDevelopment = 20;
 
 struct Library {
     decltype(&ExifGetExifInfoEx) getInfo = nullptr;
     decltype(&ExifGetInfoTip) getInfoTip = nullptr;
     decltype(&ExifGetThumbnailImage) getThumbnail = nullptr;
+    decltype(&ExifGetPrimaryImage) getPrimary = nullptr;
     decltype(&ExifEnumInfo) enumInfo = nullptr;
 };
 
@@ -48,6 +68,7 @@ struct Options {
     std::size_t repeats = kDefaultRepeats;
     fs::path csv;
     fs::path library;
+    std::size_t only = kOperations;  // all
     std::vector<fs::path> inputs;
 };
 
@@ -56,6 +77,7 @@ struct FileResult {
     fs::path file;
     std::uintmax_t bytes = 0;
     std::array<std::optional<double>, kOperations> microseconds;
+    std::array<std::optional<RequestCounts>, kOperations> counts;
 
     std::optional<double> Ratio(std::size_t operation) const {
         if (!microseconds[operation]) return std::nullopt;
@@ -67,12 +89,11 @@ INT_PTR CALLBACK CountItem(UINT32, const WCHAR*, const WCHAR*, INT_PTR user) {
     return static_cast<INT_PTR>(++*reinterpret_cast<std::size_t*>(user));
 }
 
-// A .raw file is developed, which is not a thumbnail request's work.
-bool IsDeveloped(const fs::path& file) {
-    const std::string extension = ToUtf8(file.extension());
-    constexpr char kRaw[] = ".raw";
-    return std::equal(extension.begin(), extension.end(), kRaw, kRaw + 4,
-                      [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a + 32 : a) == b; });
+std::string LowerExtension(const fs::path& file) {
+    std::string extension = ToUtf8(file.extension());
+    for (char& c : extension)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
+    return extension;
 }
 
 // One file with everything its requests need, so that nothing is prepared while the clock runs.
@@ -83,7 +104,7 @@ public:
           stream_(stream),
           openable_(ToOpenablePath(file)),
           path_(ToWide(file)),
-          developed_(IsDeveloped(file)) {}
+          extension_(LowerExtension(file)) {}
 
     bool Run(std::size_t operation) {
         switch (operation) {
@@ -94,8 +115,13 @@ public:
                                            static_cast<INT32>(text_.size())) == 1;
             case kThumbnail:
                 stream_.Seek({}, 0, nullptr);
-                return !developed_ &&
+                return extension_ != ".raw" &&
                        library_.getThumbnail(path_.data(), &stream_, nullptr, 0, nullptr, 0) == 1;
+            case kPrimary:
+            case kDevelop:
+                stream_.Seek({}, 0, nullptr);
+                return (operation == kDevelop) == IsDeveloped() &&
+                       library_.getPrimary(path_.data(), &stream_) == 1;
             default:
                 return library_.enumInfo(path_.data(), CountItem,
                                          reinterpret_cast<INT_PTR>(&items_)) == 1;
@@ -103,26 +129,35 @@ public:
     }
 
 private:
+    // Rather than read, by a request for the large picture.
+    bool IsDeveloped() const {
+        return extension_ == ".raw" || extension_ == ".erf" || extension_ == ".3fr";
+    }
+
     const Library& library_;
     CopyStream& stream_;
     fs::path openable_;
     WideText path_;
-    bool developed_;
+    std::string extension_;
     InfoRequest info_ = {};
     std::array<wchar_t, QMXEXIF_TEXT_BUFFER_LENGTH> text_ = {};
     std::size_t items_ = 0;
 };
 
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
+// The value that this share of the values is below.
+double Quantile(std::vector<double> values, double share) {
+    const double index = share * static_cast<double>(values.size());
+    const auto wanted = values.begin() + static_cast<std::ptrdiff_t>(index);
+    std::nth_element(values.begin(), wanted, values.end());
+    return *wanted;
 }
+
+double Median(const std::vector<double>& values) { return Quantile(values, 0.5); }
 
 // Times every operation once per round.  The order turns and runs backwards every other round, so
 // that no operation always profits from the same predecessor and noise hits all alike.
 FileResult MeasureFile(const Library& library, CopyStream& stream, const fs::path& file,
-                       std::size_t rounds) {
+                       const Options& options) {
     using Clock = std::chrono::steady_clock;
     FileResult result;
     result.file = file;
@@ -132,20 +167,27 @@ FileResult MeasureFile(const Library& library, CopyStream& stream, const fs::pat
     Requests requests(library, stream, file);
     std::vector<std::size_t> working;
     for (std::size_t operation = kFloor; operation < kOperations; ++operation) {
+        if (operation != kFloor && options.only != kOperations && options.only != operation)
+            continue;
         bool works = true;
         for (int round = 0; works && round < kWarmUpRounds; ++round)
             works = requests.Run(operation);
-        if (works) working.push_back(operation);
         if (!works && operation == kFloor) return result;
+        if (!works) continue;
+        working.push_back(operation);
+        StartCounting();
+        requests.Run(operation);
+        result.counts[operation] = StopCounting();
     }
 
     std::array<std::vector<double>, kOperations> samples;
-    for (const std::size_t operation : working) samples[operation].reserve(rounds);
+    for (const std::size_t operation : working) samples[operation].reserve(options.repeats);
     const std::size_t count = working.size();
-    for (std::size_t round = 0; round < rounds; ++round) {
+    for (std::size_t round = 0; round < options.repeats; ++round) {
         for (std::size_t step = 0; step < count; ++step) {
             const std::size_t turned = (step + round / 2) % count;
             const std::size_t operation = working[round % 2 == 0 ? turned : count - 1 - turned];
+            if (operation == kDevelop && round % kRoundsPerDevelopment != 0) continue;
             const Clock::time_point start = Clock::now();
             requests.Run(operation);
             const std::chrono::duration<double, std::micro> time = Clock::now() - start;
@@ -157,46 +199,83 @@ FileResult MeasureFile(const Library& library, CopyStream& stream, const fs::pat
     return result;
 }
 
+// Of what was counted, over all files: the median and the most.
+void PrintCounts(const std::vector<double>& values) {
+    if (values.empty())
+        std::printf(" %9s", "");
+    else
+        std::printf(" %4.0f/%-4.0f", Median(values),
+                    *std::max_element(values.begin(), values.end()));
+}
+
+const char* Verdict(double ratio, double ninth, const OperationRow& row) {
+    if (row.limit == kNoLimit) return "";
+    const bool holds =
+        ratio <= row.limit && (row.ninthLimit == kNoLimit || ninth <= row.ninthLimit);
+    return holds ? "holds" : "MISSED";
+}
+
 void PrintOperation(const std::vector<FileResult>& results, std::size_t operation) {
     std::vector<double> times;
     std::vector<double> ratios;
-    const FileResult* worst = nullptr;
+    std::vector<double> pages;
+    std::vector<double> blocks;
     for (const FileResult& result : results) {
         const std::optional<double> ratio = result.Ratio(operation);
         if (!ratio) continue;
         times.push_back(*result.microseconds[operation]);
         ratios.push_back(*ratio);
-        if (worst == nullptr || *ratio > *worst->Ratio(operation)) worst = &result;
+        if (!result.counts[operation]) continue;
+        pages.push_back(static_cast<double>(result.counts[operation]->pages));
+        blocks.push_back(static_cast<double>(result.counts[operation]->blocks));
     }
     const OperationRow& row = kRows[operation];
-    const std::size_t without = results.size() - times.size();
-    if (worst == nullptr) {
-        std::printf("%-10s %6zu %8zu\n", row.name, times.size(), without);
-        return;
-    }
-    std::printf("%-10s %6zu %8zu %10.2f", row.name, times.size(), without, Median(times));
-    if (operation != kFloor) {
+    std::printf("%-10s %6zu %8zu", row.name, times.size(), results.size() - times.size());
+    if (!times.empty()) {
         const double ratio = Median(ratios);
-        std::printf(" %8.2f %8.2f %6.1f %-5s  %s", ratio, *worst->Ratio(operation), row.limit,
-                    ratio <= row.limit ? "holds" : "MISSED", ToUtf8(worst->file).c_str());
+        const double ninth = Quantile(ratios, 0.9);
+        std::printf(" %10.2f %8.3f %8.3f %8.2f", Median(times), ratio, ninth,
+                    *std::max_element(ratios.begin(), ratios.end()));
+        PrintCounts(pages);
+        PrintCounts(blocks);
+        std::printf("  %s", Verdict(ratio, ninth, row));
     }
     std::printf("\n");
+}
+
+// Where a profile should look first.
+void PrintSlowest(const std::vector<FileResult>& results, std::size_t operation) {
+    std::vector<const FileResult*> slowest;
+    for (const FileResult& result : results)
+        if (result.Ratio(operation)) slowest.push_back(&result);
+    std::sort(slowest.begin(), slowest.end(), [&](const FileResult* a, const FileResult* b) {
+        return *a->Ratio(operation) > *b->Ratio(operation);
+    });
+    slowest.resize(std::min(slowest.size(), kSlowest));
+    for (const FileResult* result : slowest)
+        std::printf("%-10s %8.2f  %s\n", kRows[operation].name, *result->Ratio(operation),
+                    ToUtf8(result->file).c_str());
 }
 
 void PrintReport(const std::vector<FileResult>& results, std::size_t unreadable,
                  std::size_t repeats) {
     std::printf("%zu files, %zu unreadable; %zu interleaved repeats, medians\n\n", results.size(),
                 unreadable, repeats);
-    std::printf("%-10s %6s %8s %10s %8s %8s %6s %-6s %s\n", "request", "files", "without", "us",
-                "ratio", "worst", "limit", "", "worst file");
+    std::printf("%-10s %6s %8s %10s %8s %8s %8s %9s %9s\n", "request", "files", "without", "us",
+                "ratio", "90%", "worst", "pages", "blocks");
     for (std::size_t operation = kFloor; operation < kOperations; ++operation)
         PrintOperation(results, operation);
+    std::printf("\nslowest\n");
+    for (std::size_t operation = kInfo; operation < kOperations; ++operation)
+        PrintSlowest(results, operation);
 }
 
 bool WriteCsv(const fs::path& path, const std::vector<FileResult>& results) {
     std::ofstream out(path, std::ios::binary);
     out << "file,bytes";
-    for (const OperationRow& row : kRows) out << ',' << row.name << "_us," << row.name << "_ratio";
+    for (const OperationRow& row : kRows)
+        for (const char* column : {"_us", "_ratio", "_pages", "_blocks"})
+            out << ',' << row.name << column;
     out << '\n';
     for (const FileResult& result : results) {
         std::string quoted;
@@ -207,6 +286,11 @@ bool WriteCsv(const fs::path& path, const std::vector<FileResult>& results) {
             if (result.microseconds[operation]) out << *result.microseconds[operation];
             out << ',';
             if (result.Ratio(operation)) out << *result.Ratio(operation);
+            const std::optional<RequestCounts>& counts = result.counts[operation];
+            out << ',';
+            if (counts) out << counts->pages;
+            out << ',';
+            if (counts) out << counts->blocks;
         }
         out << '\n';
     }
@@ -247,6 +331,7 @@ bool LoadLibraryFile(const fs::path& file, Library& library) {
     return module != nullptr && FindFunction(module, "ExifGetExifInfoEx", library.getInfo) &&
            FindFunction(module, "ExifGetInfoTip", library.getInfoTip) &&
            FindFunction(module, "ExifGetThumbnailImage", library.getThumbnail) &&
+           FindFunction(module, "ExifGetPrimaryImage", library.getPrimary) &&
            FindFunction(module, "ExifEnumInfo", library.enumInfo);
 }
 
@@ -256,6 +341,12 @@ bool ParseRepeats(const std::string& text, std::size_t& repeats) {
     if (end == text.c_str() || *end != '\0' || value < 1 || value > kMaxRepeats) return false;
     repeats = static_cast<std::size_t>(value);
     return true;
+}
+
+bool ParseOperation(const std::string& text, std::size_t& operation) {
+    for (operation = kInfo; operation < kOperations; ++operation)
+        if (text == kRows[operation].name) return true;
+    return false;
 }
 
 bool ParseOptions(const std::vector<fs::path>& arguments, Options& options) {
@@ -271,6 +362,8 @@ bool ParseOptions(const std::vector<fs::path>& arguments, Options& options) {
             options.csv = value;
         else if (text == "--dll")
             options.library = value;
+        else if (text == "--only" && ParseOperation(ToUtf8(value), options.only))
+            continue;
         else if (text != "--repeat" || !ParseRepeats(ToUtf8(value), options.repeats))
             return false;
     }
@@ -298,7 +391,7 @@ int RunBenchmark(Options options) {
     std::vector<FileResult> results;
     std::size_t unreadable = 0;
     for (const fs::path& file : CollectFiles(options.inputs)) {
-        FileResult result = MeasureFile(library, stream, file, options.repeats);
+        FileResult result = MeasureFile(library, stream, file, options);
         if (result.microseconds[kFloor])
             results.push_back(std::move(result));
         else
@@ -321,7 +414,7 @@ int main(int argc, char** argv) {
     if (!qmx::bench::ParseOptions(qmx::bench::ReadArguments(argc, argv), options)) {
         std::fprintf(stderr,
                      "usage: request_bench [--repeat N] [--csv OUT] [--dll LIBRARY] "
-                     "[FILE|FOLDER]...\n");
+                     "[--only REQUEST] [FILE|FOLDER]...\n");
         return 2;
     }
     return qmx::bench::RunBenchmark(std::move(options));

@@ -12,7 +12,9 @@ std::uint32_t ParseFile(const wchar_t* path, IStream* stream, ImageInfo* infoOut
     ctx.outStream = stream;
     const MappedFile file(ctx, path);
     if (!file) return 0;
-    if (ParseContainer(ctx, wantPrimary) == 0) return 0;
+    const std::uint32_t parsed =
+        RunGuarded(ctx.pageGuard, [&] { return ParseContainer(ctx, wantPrimary); });
+    if (parsed == 0) return 0;
     if (stream != nullptr) stream->Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr);
     if (infoOut != nullptr) ::new (static_cast<void*>(infoOut)) ImageInfo(ctx.info);
     return 1;
@@ -21,7 +23,7 @@ std::uint32_t ParseFile(const wchar_t* path, IStream* stream, ImageInfo* infoOut
 std::uint32_t ProbeFile(const wchar_t* path) {
     ParseContext ctx;
     const MappedFile file(ctx, path);
-    return file ? ProbeExifFile(ctx, path) : 0;
+    return file ? RunGuarded(ctx.pageGuard, [&] { return ProbeExifFile(ctx, path); }) : 0;
 }
 
 }  // namespace qmx

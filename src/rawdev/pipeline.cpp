@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "parse/core/mapped_file.h"
+#include "parse/core/page_guard.h"
 #include "rawdev/bitmap_writer.h"
 #include "rawdev/cell_color.h"
 #include "rawdev/cell_sink.h"
@@ -111,8 +112,10 @@ bool LoadCells(RawDecodeState& state, std::uint32_t shrinkLevel) {
 }
 
 std::uint32_t DevelopView(RawDecodeState& state, IStream* stream, std::uint32_t shrinkLevel) {
-    const bool written =
-        LoadCells(state, shrinkLevel) && FinishColors(state) && WriteBitmap(state, stream);
+    // The stream's code comes after the last read of the file.
+    const PageGuard guard = {state.file.data, state.file.size};
+    const auto develop = [&] { return LoadCells(state, shrinkLevel) && FinishColors(state); };
+    const bool written = RunGuarded(guard, develop) != 0 && WriteBitmap(state, stream);
     if (state.scratch.RanShort()) state.error = E_OUTOFMEMORY;
     state.image.reset();
     state.bitmap.reset();

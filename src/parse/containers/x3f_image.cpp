@@ -7,6 +7,7 @@
 #include "parse/core/bitmap.h"
 #include "parse/core/cursor.h"
 #include "parse/core/jpeg.h"
+#include "parse/core/output_stream.h"
 #include "parse/core/preview.h"
 
 namespace qmx {
@@ -106,8 +107,8 @@ bool WriteBitmap(ParseContext& ctx, const X3fImage& image) {
     if (!coded) FillPlainRows(image, data, layout, rows);
     const bool whole = !coded || FillCodedRows(image, data, layout, rows);
     if (whole) {
-        ctx.outStream->Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr);
-        ctx.outStream->Write(file, fileBytes, nullptr);
+        RewindStream(ctx);
+        WriteToStream(ctx, file, fileBytes);
     }
     FreeWorkBuffer(ctx);
     return whole;

@@ -82,6 +82,7 @@ bool MapFile(ParseContext& ctx, const wchar_t* path) {
             ctx.cursor = ctx.viewBase;
             ctx.fileSize = size.QuadPart;
             ctx.readEnd = ctx.viewBase + ctx.fileSize;
+            ctx.pageGuard = {ctx.viewBase, static_cast<std::uint64_t>(ctx.fileSize)};
         }
     }
     CloseHandle(file);  // the mapping keeps the file open
@@ -95,6 +96,7 @@ void UnmapFile(ParseContext& ctx) {
     UnmapViewOfFile(ctx.viewBase);
     CloseHandle(ctx.mappingHandle);
     ctx.viewBase = nullptr;
+    ctx.pageGuard = {};
     ctx.mappingHandle = nullptr;
 }
 

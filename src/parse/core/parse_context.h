@@ -5,6 +5,7 @@
 
 #include "parse/core/image_info.h"
 #include "parse/core/image_records.h"
+#include "parse/core/page_guard.h"
 #include "parse/core/win32.h"
 
 namespace qmx {
@@ -46,6 +47,7 @@ struct ParseContext {
     std::int64_t workLeft = 0;           // bytes that directories and probes may still visit
     std::uint32_t ifdDepth = 0;          // directories open around the next one
     std::uint8_t* workBuffer = nullptr;  // see AllocateWorkBuffer
+    PageGuard pageGuard;                 // of the view
 
     ParseContext() { filePath[0] = 0; }
     ParseContext(const ParseContext&) = delete;

@@ -6,18 +6,12 @@
 #include "parse/core/bitmap.h"
 #include "parse/core/cursor.h"
 #include "parse/core/jpeg.h"
+#include "parse/core/output_stream.h"
 
 namespace qmx {
 namespace {
 
 constexpr std::uint8_t kStartOfImage[2] = {0xFF, kJpegSoi};
-
-// Stream failures are the caller's business.
-void Write(ParseContext& ctx, const void* bytes, std::uint32_t length) {
-    ctx.outStream->Write(bytes, length, nullptr);
-}
-
-void Rewind(ParseContext& ctx) { ctx.outStream->Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr); }
 
 // The `length` bytes at a position, or null when the file ends before.
 const std::uint8_t* BytesAt(ParseContext& ctx, std::uint32_t position, std::uint32_t length) {
@@ -76,8 +70,8 @@ bool DeliverBitmap(ParseContext& ctx, const ImageRecord& record) {
     std::uint8_t* rows = file + kBitmapHeaderBytes;
     std::memset(rows, 0, layout.imageBytes);  // the padding
     FillPicture(ctx, record, layout, src, rows);
-    Rewind(ctx);
-    Write(ctx, file, static_cast<std::uint32_t>(fileBytes));
+    RewindStream(ctx);
+    WriteToStream(ctx, file, static_cast<std::uint32_t>(fileBytes));
     FreeWorkBuffer(ctx);
     return true;
 }
@@ -104,9 +98,11 @@ bool WriteEmbeddedJpeg(ParseContext& ctx, std::uint32_t position, std::uint32_t 
         std::memcpy(copy, src, length);
         std::memcpy(copy, kStartOfImage, patched);
         src = copy;
+    } else {
+        TouchPages(src, length);
     }
-    if (rewind) Rewind(ctx);
-    Write(ctx, src, length);
+    if (rewind) RewindStream(ctx);
+    WriteToStream(ctx, src, length);
     FreeWorkBuffer(ctx);
     return true;
 }
@@ -144,16 +140,18 @@ bool WriteRecordedThumbnail(ParseContext& ctx, std::int32_t containerPosition) {
         InterleavePlanes(src, length, buffer);
         src = buffer;
     }
-    Write(ctx, ctx.thumbHeader,
-          std::min<std::uint32_t>(ctx.thumbHeaderLength, sizeof ctx.thumbHeader));
+    std::uint32_t pictureBytes = length;
     if (ctx.thumbIsRgb) {
         std::uint8_t* rows = buffer + length;
         std::memset(rows, 0, layout.imageBytes);
         FillRgbRows(layout, src, nullptr, rows);
-        Write(ctx, rows, layout.imageBytes);
-    } else {
-        Write(ctx, src, length);
+        src = rows;
+        pictureBytes = layout.imageBytes;
     }
+    TouchPages(src, pictureBytes);
+    WriteToStream(ctx, ctx.thumbHeader,
+                  std::min<std::uint32_t>(ctx.thumbHeaderLength, sizeof ctx.thumbHeader));
+    WriteToStream(ctx, src, pictureBytes);
     FreeWorkBuffer(ctx);
     return true;
 }
