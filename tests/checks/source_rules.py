@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Checks the rules that keep the house in order: which folder may include which, where the
-system's headers enter, and that code which reads bytes holds no words in Japanese.
+system's headers enter, and that code which reads bytes holds no words in Japanese and owns no
+memory: a read that fails leaves it without running destructors.
 
 Usage: source_rules.py PROJECT_FOLDER"""
 
@@ -33,6 +34,15 @@ TEXT_MAY_READ = re.compile(
 # The only files through which the system's headers enter.
 SYSTEM_HEADERS = {"windows.h", "objidl.h"}
 SYSTEM_DOORS = {"src/parse/core/win32.h", "include/qmxexif.h"}
+
+# Code that reads bytes leaves what it allocates to the record of its caller.
+READING_ROOMS = ("parse/", "makernote/", "rawdev/")
+OWNERS = re.compile(
+    r"\bstd::(vector|w?string|deque|list|map|set|unordered_\w+|function|any|unique_ptr|shared_ptr"
+    r"|make_unique|make_shared|lock_guard|unique_lock)\b"
+)
+# The records themselves, and what runs before a file is mapped.
+MAY_OWN = {"rawdev/scratch_pool.h", "parse/core/mapped_file.cpp"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]', re.MULTILINE)
 # Comments, and literals; a comment mark within a literal does not open a comment.
@@ -70,6 +80,12 @@ def check_literals(name, text):
             yield f"{name}:{line}: text beyond ASCII in code that reads bytes: {literal}"
 
 
+def check_owners(name, text):
+    code = TOKEN.sub("", text)
+    for match in OWNERS.finditer(code):
+        yield f"{name}: {match.group()} in code that a failed read leaves without clean-up"
+
+
 def check_tree(project):
     source = project / "src"
     files = sorted(p for p in source.rglob("*") if p.suffix in (".h", ".cpp"))
@@ -85,6 +101,8 @@ def check_tree(project):
         yield from check_includes(name, path, text)
         if path.startswith(("parse/", "makernote/")) and path != "parse/core/win32.h":
             yield from check_literals(name, text)
+        if path.startswith(READING_ROOMS) and path not in MAY_OWN:
+            yield from check_owners(name, text)
 
 
 def main():
