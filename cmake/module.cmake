@@ -21,7 +21,10 @@ if(MSVC)
   set_target_properties(qmxexif PROPERTIES IMPORT_PREFIX "")
   target_link_options(qmxexif PRIVATE /BASE:0x180000000 /SUBSYSTEM:WINDOWS,6.01)
 elseif(WIN32)
-  target_link_options(qmxexif PRIVATE -Wl,--exclude-all-symbols,--image-base,0x180000000)
+  # The run-time library consists of far more than is called.
+  target_link_options(qmxexif PRIVATE -Wl,--exclude-all-symbols,--image-base,0x180000000
+    -Wl,--gc-sections)
+  target_sources(qmxexif PRIVATE src/com/terminate.cpp)
   # The import library for link.exe, in the form that it makes itself.
   find_program(QMX_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14)
   if(QMX_DLLTOOL)

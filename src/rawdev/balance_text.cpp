@@ -1,22 +1,19 @@
 #include "rawdev/balance_text.h"
 
-#include <charconv>
+#include "parse/core/decimal.h"
 
 namespace qmx {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
-// Takes one number, whatever the user's locale is.
+// Takes one number behind blanks.
 bool TakeNumber(std::string_view& line, float& number) {
     const std::size_t start = line.find_first_not_of(kBlanks);
     if (start == std::string_view::npos) return false;
     line.remove_prefix(start);
     if (line.front() == '+') line.remove_prefix(1);
-    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), number);
-    if (error != std::errc()) return false;
-    line.remove_prefix(static_cast<std::size_t>(end - line.data()));
-    return true;
+    return TakeDecimal(line, number);
 }
 
 void ReadNeutral(std::string_view line, RawDecodeState& state) {

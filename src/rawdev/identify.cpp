@@ -1,6 +1,6 @@
 #include "rawdev/identify.h"
 
-#include <cstdio>
+#include <charconv>
 #include <cstring>
 #include <string_view>
 
@@ -206,6 +206,14 @@ void TakePattern(RawDecodeState& state) {
     if (state.colorCount == 3) state.cfaPattern = SplitGreens(state.cfaPattern);
 }
 
+// A camera without a name: "3008x2000".
+void NameBySize(RawDecodeState& state) {
+    char* const end = std::end(state.modelText);
+    char* x = std::to_chars(state.modelText, end, state.width).ptr;
+    *x++ = 'x';
+    *std::to_chars(x, end, state.height).ptr = 0;
+}
+
 }  // namespace
 
 bool IdentifyRaw(RawDecodeState& state) {
@@ -223,8 +231,7 @@ bool IdentifyRaw(RawDecodeState& state) {
     TakePanasonicTags(state, tags);
     ApplyCameraRules(state);
     ReadColorTags(state, tags.color);
-    if (state.modelText[0] == 0)
-        std::snprintf(state.modelText, sizeof state.modelText, "%dx%d", state.width, state.height);
+    if (state.modelText[0] == 0) NameBySize(state);
     if (state.rawColor) SetMatrixByName(state, state.makeText, state.modelText);
     if (state.loader == nullptr || state.height < kSmallestHeight || state.width == 0) return false;
     TakeLevels(state);

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <concepts>
 #include <span>
 #include <string_view>
 
 #include "makernote/maker_record.h"
 #include "makernote/sigma_fields.h"
 #include "parse/core/cursor.h"
+#include "parse/core/decimal.h"
 #include "parse/core/local_time.h"
 
 namespace qmx {
@@ -47,7 +49,12 @@ std::string_view SkipBlanksAndPlus(std::string_view text) {
 }
 
 // The number that a text begins with; false when it does not.
-template <class Number>
+bool ReadNumber(std::string_view& text, float& number) {
+    text = SkipBlanksAndPlus(text);
+    return TakeDecimal(text, number);
+}
+
+template <std::integral Number>
 bool ReadNumber(std::string_view& text, Number& number) {
     text = SkipBlanksAndPlus(text);
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
