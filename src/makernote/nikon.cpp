@@ -146,6 +146,7 @@ constexpr TagRow<PreviewDirectory> kPreviewTags[] = {
 static_assert(TagsAscend(kPreviewTags));
 
 void StorePreview(ParseContext& ctx, const DirEntry& entry, NikonNote&) {
+    if (!WantsPicture(ctx)) return;
     PreviewDirectory found;
     SeekToOffset(ctx, ReadUnsigned(ctx, entry));
     const std::uint32_t count = ReadU16(ctx);

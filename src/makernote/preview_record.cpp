@@ -16,6 +16,7 @@ bool HoldsImage(ParseContext& ctx, std::uint32_t position, std::uint32_t length)
 }  // namespace
 
 bool AddJpegPreview(ParseContext& ctx, std::uint32_t position, std::uint32_t length) {
+    if (!WantsPicture(ctx)) return false;
     ImageRecord frame = {};
     if (!HoldsImage(ctx, position, length) || !ProbeJpegFrame(ctx, position, frame)) return false;
     const std::size_t index = ctx.imageRecords.Add();

@@ -36,6 +36,10 @@ TEST(Jpeg, FindsTheFrameHeaderBehindEverySegment) {
         BytesContext context(Bytes(5, 0xAA) + c.stream);
         SeekTo(context.ctx, 3);
         ImageRecord record = {};
+        EXPECT_FALSE(ProbeJpegFrame(context.ctx, 5, record)) << "for nobody: " << c.name;
+        EXPECT_EQ(record.height, 0) << c.name;
+        MemoryStream stream;
+        context.ctx.outStream = &stream;
         EXPECT_EQ(ProbeJpegFrame(context.ctx, 5, record), c.found) << c.name;
         EXPECT_EQ(record.width, c.width) << c.name;
         EXPECT_EQ(record.height, c.height) << c.name;

@@ -38,6 +38,8 @@ struct Found {
 Found Read(const Bytes& bytes, std::uint64_t length) {
     BytesContext context(bytes);
     ParseContext& ctx = context.ctx;
+    MemoryStream stream;
+    ctx.outStream = &stream;
     ReadPhotoshopResources(ctx, length);
     EXPECT_LE(ctx.cursor, ctx.viewBase + ctx.fileSize);
     const std::size_t records = ctx.imageRecords.size();

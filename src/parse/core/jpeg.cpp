@@ -56,6 +56,7 @@ bool FindExifSegment(ParseContext& ctx) {
 }
 
 bool ProbeJpegFrame(ParseContext& ctx, std::uint32_t position, ImageRecord& record) {
+    if (!WantsPicture(ctx)) return false;
     const CursorScope restoreCursor(ctx);
     SeekTo(ctx, WrappingAdd(static_cast<std::int32_t>(position), 2));
     JpegSegment segment;

@@ -36,7 +36,8 @@ void SkipJpegSegment(ParseContext& ctx, const JpegSegment& segment);
 bool FindExifSegment(ParseContext& ctx);
 
 // Takes width and height from the frame header of the JPEG stream at `position` into a record.
-// False when there is none.  Leaves the cursor where it was.
+// False when there is none, or nobody wants a picture: then its page is left alone.  Leaves the
+// cursor where it was.
 bool ProbeJpegFrame(ParseContext& ctx, std::uint32_t position, ImageRecord& record);
 
 // Length of the JPEG stream at `position` up to and including its end-of-image marker, or up to

@@ -54,6 +54,9 @@ struct ParseContext {
     ParseContext& operator=(const ParseContext&) = delete;
 };
 
+// Whether pictures matter at all; where they lie is not looked up for nobody.
+inline bool WantsPicture(const ParseContext& ctx) { return ctx.outStream != nullptr; }
+
 // Puts back everything that a parse sets, to "nothing found".  Keeps the mapping and the stream.
 void ResetParse(ParseContext& ctx);
 

@@ -73,7 +73,7 @@ void StoreOrientation(ParseContext& ctx, const DirEntry& entry, Directory& direc
 }
 
 void StoreStripByteCount(ParseContext& ctx, const DirEntry& entry, Directory& directory) {
-    if (entry.count == 0) return;
+    if (entry.count == 0 || !WantsPicture(ctx)) return;
     std::uint32_t sum = 0;
     for (std::uint32_t i = 0; i < entry.count && !AtEnd(ctx); ++i) {
         SpendWork(ctx, FieldTypeSize(entry.type));
