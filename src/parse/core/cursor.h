@@ -62,19 +62,33 @@ inline void SpendWork(ParseContext& ctx, std::uint32_t bytes) {
     if (ctx.workLeft < 0) ctx.readEnd = ctx.viewBase;
 }
 
+// Numbers at any address.
+constexpr std::uint16_t LoadU16BE(const std::uint8_t* p) {
+    return static_cast<std::uint16_t>(p[0] << 8 | p[1]);
+}
+constexpr std::uint16_t LoadU16LE(const std::uint8_t* p) {
+    return static_cast<std::uint16_t>(p[0] | p[1] << 8);
+}
+constexpr std::uint32_t LoadU32BE(const std::uint8_t* p) {
+    return std::uint32_t{p[0]} << 24 | std::uint32_t{p[1]} << 16 | std::uint32_t{p[2]} << 8 | p[3];
+}
+constexpr std::uint32_t LoadU32LE(const std::uint8_t* p) {
+    return std::uint32_t{p[3]} << 24 | std::uint32_t{p[2]} << 16 | std::uint32_t{p[1]} << 8 | p[0];
+}
+
 // Big-endian, whatever the file's order.
 inline std::uint16_t ReadU16BE(ParseContext& ctx) {
     if (BytesLeft(ctx) < 2) return 0xFFFF;
     const std::uint8_t* p = ctx.cursor;
     ctx.cursor += 2;
-    return static_cast<std::uint16_t>(p[0] << 8 | p[1]);
+    return LoadU16BE(p);
 }
 
 inline std::uint32_t ReadU32BE(ParseContext& ctx) {
     if (BytesLeft(ctx) < 4) return 0xFFFFFFFF;
     const std::uint8_t* p = ctx.cursor;
     ctx.cursor += 4;
-    return std::uint32_t{p[0]} << 24 | std::uint32_t{p[1]} << 16 | std::uint32_t{p[2]} << 8 | p[3];
+    return LoadU32BE(p);
 }
 
 // In the byte order in force.
@@ -82,16 +96,14 @@ inline std::uint16_t ReadU16(ParseContext& ctx) {
     if (BytesLeft(ctx) < 2) return 0xFFFF;
     const std::uint8_t* p = ctx.cursor;
     ctx.cursor += 2;
-    return ctx.byteOrder == kLittleEndian ? static_cast<std::uint16_t>(p[0] | p[1] << 8)
-                                          : static_cast<std::uint16_t>(p[0] << 8 | p[1]);
+    return ctx.byteOrder == kLittleEndian ? LoadU16LE(p) : LoadU16BE(p);
 }
 
 inline std::uint32_t ReadU32(ParseContext& ctx) {
-    if (ctx.byteOrder != kLittleEndian) return ReadU32BE(ctx);
     if (BytesLeft(ctx) < 4) return 0xFFFFFFFF;
     const std::uint8_t* p = ctx.cursor;
     ctx.cursor += 4;
-    return std::uint32_t{p[3]} << 24 | std::uint32_t{p[2]} << 16 | std::uint32_t{p[1]} << 8 | p[0];
+    return ctx.byteOrder == kLittleEndian ? LoadU32LE(p) : LoadU32BE(p);
 }
 
 // Copies what is there of `wanted` bytes; the count copied.

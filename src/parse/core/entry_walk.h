@@ -21,9 +21,16 @@ struct DirEntry {
 
 // An entry up to its value field; all ones from where the file ends.
 inline DirEntry ReadEntry(ParseContext& ctx) {
-    const std::uint16_t tag = ReadU16(ctx);
-    const std::uint16_t type = ReadU16(ctx);
-    return {tag, type, ReadU32(ctx)};
+    constexpr std::size_t kHeadBytes = 8;
+    if (BytesLeft(ctx) < kHeadBytes) {
+        const std::uint16_t tag = ReadU16(ctx);
+        const std::uint16_t type = ReadU16(ctx);
+        return {tag, type, ReadU32(ctx)};
+    }
+    const std::uint8_t* p = ctx.cursor;
+    ctx.cursor += kHeadBytes;
+    if (ctx.byteOrder == kLittleEndian) return {LoadU16LE(p), LoadU16LE(p + 2), LoadU32LE(p + 4)};
+    return {LoadU16BE(p), LoadU16BE(p + 2), LoadU32BE(p + 4)};
 }
 
 struct NeverEnds {

@@ -8,11 +8,11 @@ namespace qmx {
 std::size_t ImageRecordList::Add() {
     if (count_ == capacity_) {
         if (count_ >= kMaxCount) return kNone;
-        const std::size_t wanted = std::min(capacity_ == 0 ? 1 : capacity_ * 2, kMaxCount);
+        const std::size_t wanted = std::min(capacity_ * 2, kMaxCount);
         auto* grown = new (std::nothrow) ImageRecord[wanted];
         if (grown == nullptr) return kNone;
         std::copy_n(records_, count_, grown);
-        delete[] records_;
+        if (records_ != usual_) delete[] records_;
         records_ = grown;
         capacity_ = wanted;
     }
@@ -27,10 +27,10 @@ void ImageRecordList::Remove(std::size_t index) {
 }
 
 void ImageRecordList::Clear() {
-    delete[] records_;
-    records_ = nullptr;
+    if (records_ != usual_) delete[] records_;
+    records_ = usual_;
     count_ = 0;
-    capacity_ = 0;
+    capacity_ = kUsualCount;
 }
 
 }  // namespace qmx

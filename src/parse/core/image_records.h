@@ -39,13 +39,15 @@ struct ImageRecord {
     float lumaBlue;
 };
 
-// Grows by doubling; addressed by index, since growing moves the elements.
+// Has room for the usual few, then grows by doubling; addressed by index, since growing moves the
+// elements.
 class ImageRecordList {
 public:
     static constexpr std::size_t kMaxCount = 0x0FFFFFFF;
+    static constexpr std::size_t kUsualCount = 8;
     static constexpr std::size_t kNone = SIZE_MAX;
 
-    ImageRecordList() = default;
+    ImageRecordList() {}  // NOLINT(modernize-use-equals-default): that would zero the room
     ImageRecordList(const ImageRecordList&) = delete;
     ImageRecordList& operator=(const ImageRecordList&) = delete;
     ~ImageRecordList() { Clear(); }
@@ -61,9 +63,10 @@ public:
     ImageRecord* end() { return records_ + count_; }
 
 private:
-    ImageRecord* records_ = nullptr;
+    ImageRecord* records_ = usual_;
     std::size_t count_ = 0;
-    std::size_t capacity_ = 0;
+    std::size_t capacity_ = kUsualCount;
+    ImageRecord usual_[kUsualCount];
 };
 
 }  // namespace qmx

@@ -42,10 +42,8 @@ HANDLE OpenExtendedLength(const wchar_t* path) {
 // Keeps as much of the path as fits; true when that is all of it.
 bool StorePath(ParseContext& ctx, const wchar_t* path) {
     std::size_t length = 0;
-    while (path[length] != 0 && length < kPathCapacity - 1) {
-        ctx.filePath[length] = path[length];
-        ++length;
-    }
+    while (length < kPathCapacity - 1 && path[length] != 0) ++length;
+    std::memcpy(ctx.filePath, path, length * sizeof(wchar_t));
     ctx.filePath[length] = 0;
     return path[length] == 0;
 }

@@ -5,8 +5,9 @@
 
 namespace qmx {
 
-// Opens and maps the whole file, keeps its path and puts the cursor at its start.  False when the file cannot be
-// opened or is empty.  A path of 260 characters and more is opened in its extended-length form.
+// Opens and maps the whole file, keeps its path and puts the cursor at its start.  False when the
+// file cannot be opened or is empty.  A path of 260 characters and more is opened in its
+// extended-length form.
 bool MapFile(ParseContext& ctx, const wchar_t* path);
 
 // Releases the mapping, the image records and the work buffer.
