@@ -175,6 +175,7 @@ FileResult MeasureFile(const Library& library, CopyStream& stream, const fs::pat
         if (!works && operation == kFloor) return result;
         if (!works) continue;
         working.push_back(operation);
+        if (options.only != kOperations) continue;  // profilers do not bear the faults
         StartCounting();
         requests.Run(operation);
         result.counts[operation] = StopCounting();
