@@ -87,11 +87,19 @@ std::uint64_t YCbCrSourceBytes(const BitmapLayout& layout) {
 
 void FillRgbRows(const BitmapLayout& layout, const std::uint8_t* src, const std::uint8_t* lut,
                  std::uint8_t* dst) {
-    for (std::int32_t y = 0; y < layout.height; ++y) {
+    const std::size_t pixelBytes = std::size_t{3} * static_cast<std::uint32_t>(layout.width);
+    for (std::int32_t y = 0; y < layout.height; ++y, src += pixelBytes) {
         std::uint8_t* out = RowFromTop(layout, dst, y);
-        for (std::int32_t x = 0; x < layout.width; ++x, src += 3, out += 3)
-            for (int channel = 0; channel < 3; ++channel)
-                out[channel] = lut ? lut[src[2 - channel]] : src[2 - channel];
+        for (std::size_t i = 0; i < pixelBytes; i += 3) {
+            const std::uint8_t red = src[i];
+            const std::uint8_t green = src[i + 1];
+            const std::uint8_t blue = src[i + 2];
+            out[i] = blue;
+            out[i + 1] = green;
+            out[i + 2] = red;
+        }
+        if (lut == nullptr) continue;
+        for (std::size_t i = 0; i < pixelBytes; ++i) out[i] = lut[out[i]];
     }
 }
 
