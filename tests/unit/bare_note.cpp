@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "makernote/dispatch.h"
+#include "support/memory_stream.h"
 #include "support/parse.h"
 
 namespace qmx::test {
@@ -41,6 +42,8 @@ ImageInfo BareNote::Decode(const Bytes& bytes) const {
     const auto base = static_cast<std::uint32_t>(kPosition + header_.size() - dropped_);
     BytesContext context(bytes, order);
     ParseContext& ctx = context.ctx;
+    MemoryStream stream;  // without one previews are passed over
+    ctx.outStream = &stream;
     ctx.info.makerId = maker_;
     ctx.info.modelId = modelId_;
     ctx.tiffBase = base;
