@@ -49,7 +49,11 @@ set(QMX_SCRIPTS ${com_generated}/module.rgs ${com_generated}/exif_parser.rgs
   ${com_generated}/raw_thmubnail.rgs)
 
 file(GLOB com_sources CONFIGURE_DEPENDS ${com_source}/*.cpp)
+list(FILTER com_sources EXCLUDE REGEX "/runtime_errors\\.cpp$")  # the DLL's alone
 add_library(qmxcom STATIC ${com_sources} ${com_generated}/qmx_interfaces_ids.c)
 target_include_directories(qmxcom SYSTEM PUBLIC ${com_generated})
-target_link_libraries(qmxcom PUBLIC qmxcore PRIVATE advapi32 uuid)
+target_link_libraries(qmxcom PUBLIC qmxcore PRIVATE uuid)
+if(MINGW)
+  target_compile_options(qmxcom PRIVATE $<$<CONFIG:Release>:-Os>)
+endif()
 add_dependencies(qmxcom qmx_interfaces)

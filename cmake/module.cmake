@@ -21,10 +21,11 @@ if(MSVC)
   set_target_properties(qmxexif PROPERTIES IMPORT_PREFIX "")
   target_link_options(qmxexif PRIVATE /BASE:0x180000000 /SUBSYSTEM:WINDOWS,6.01)
 elseif(WIN32)
-  # The run-time library consists of far more than is called.
+  # The run-time library consists of far more than is called, and symbols are twice as much again;
+  # win-debug keeps them.  Sections that begin on pages of the file are mapped, not copied.
   target_link_options(qmxexif PRIVATE -Wl,--exclude-all-symbols,--image-base,0x180000000
-    -Wl,--gc-sections)
-  target_sources(qmxexif PRIVATE src/com/terminate.cpp)
+    -Wl,--gc-sections,--file-alignment,4096 $<$<CONFIG:Release>:-s>)
+  target_sources(qmxexif PRIVATE src/com/runtime_errors.cpp)
   # The import library for link.exe, in the form that it makes itself.
   find_program(QMX_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14)
   if(QMX_DLLTOOL)

@@ -16,7 +16,8 @@ endif()
 
 if(CMAKE_OBJDUMP AND MINGW)
   add_test(NAME module_check COMMAND ${CMAKE_COMMAND} -DOBJDUMP=${CMAKE_OBJDUMP}
-    -DMODULE=$<TARGET_FILE:qmxexif> "-DEXPORTS=${QMX_EXPORTS}" -P ${checks}/windows_module.cmake)
+    -DMODULE=$<TARGET_FILE:qmxexif> "-DEXPORTS=${QMX_EXPORTS}"
+    -DMOST_BYTES=$<$<CONFIG:Release>:716800> -P ${checks}/windows_module.cmake)
 elseif(CMAKE_NM AND NOT WIN32)
   add_test(NAME module_check COMMAND ${CMAKE_COMMAND} -DNM=${CMAKE_NM}
     -DMODULE=$<TARGET_FILE:qmxexif> "-DEXPORTS=${QMX_EXPORTS}" -P ${checks}/native_module.cmake)

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "parse/core/win32.h"
+#include "text/text_buffer.h"
 
 namespace qmx {
 
@@ -11,11 +11,17 @@ namespace qmx {
 using GuidText = std::array<wchar_t, 39>;
 
 inline GuidText FormatGuid(const GUID& guid) {
-    GuidText text;
-    const BYTE* d = guid.Data4;
-    wsprintfW(text.data(), L"{%08X-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X}", guid.Data1,
-              guid.Data2, guid.Data3, d[0], d[1], d[2], d[3], d[4], d[5], d[6], d[7]);
-    return text;
+    GuidText storage;
+    TextBuffer text(storage);
+    text.Append(L'{').AppendHex(guid.Data1, 8);
+    text.Append(L'-').AppendHex(guid.Data2, 4);
+    text.Append(L'-').AppendHex(guid.Data3, 4);
+    for (std::size_t i = 0; i < std::size(guid.Data4); ++i) {
+        if (i == 0 || i == 2) text.Append(L'-');
+        text.AppendHex(guid.Data4[i], 2);
+    }
+    text.Append(L'}');
+    return storage;
 }
 
 }  // namespace qmx

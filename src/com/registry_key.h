@@ -10,7 +10,7 @@
 namespace qmx {
 
 struct RegistryKeyCloser {
-    void operator()(HKEY key) const { RegCloseKey(key); }
+    void operator()(HKEY key) const;
 };
 using RegistryKey = std::unique_ptr<std::remove_pointer_t<HKEY>, RegistryKeyCloser>;
 

@@ -1,7 +1,7 @@
 #pragma once
 // Functions of Windows' own DLLs, found when they are needed.  Most programs use the exported
-// functions alone; importing ole32, oleaut32, shell32 and gdiplus would make each of them wait
-// several times as long for this DLL to load.
+// functions alone; importing advapi32, ole32, oleaut32, shell32 and gdiplus would make each of them
+// wait several times as long for this DLL to load.
 
 #include <cstring>
 
