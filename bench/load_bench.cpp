@@ -25,10 +25,11 @@ double LoadAndFree(const std::filesystem::path& file) {
     return time.count();
 }
 
-double Median(std::vector<double>& values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
+// Below it lies one of so many values.
+double Quantile(std::vector<double>& values, std::size_t parts) {
+    const auto wanted = values.begin() + static_cast<std::ptrdiff_t>(values.size() / parts);
+    std::nth_element(values.begin(), wanted, values.end());
+    return *wanted;
 }
 
 int Run(int repeats) {
@@ -45,10 +46,15 @@ int Run(int repeats) {
             return 2;
         }
     }
-    const double emptyTime = Median(emptyTimes);
-    const double ourTime = Median(ourTimes);
-    std::printf("load and free, medians of %d: empty %.1f us, %s %.1f us, ratio %.2f (limit 2)\n",
-                repeats, emptyTime, kLibraryName, ourTime, ourTime / emptyTime);
+    std::printf("load and free, %d times; limit of the ratio 2\n", repeats);
+    // Other programs on the machine disturb the fastest tenth least.
+    for (const std::size_t parts : {std::size_t{10}, std::size_t{2}}) {
+        const double emptyTime = Quantile(emptyTimes, parts);
+        const double ourTime = Quantile(ourTimes, parts);
+        std::printf("%-14s empty %8.1f us, %s %8.1f us, ratio %.2f\n",
+                    parts == 2 ? "median" : "fastest tenth", emptyTime, kLibraryName, ourTime,
+                    ourTime / emptyTime);
+    }
     return 0;
 }
 
