@@ -11,9 +11,10 @@
 namespace qmx::bench {
 
 // Copies what is written into a buffer that is kept from request to request.
-class CopyStream final : public IStream {
+class CopyStream : public IStream {
 public:
     explicit CopyStream(std::size_t capacity) : bytes_(capacity) {}
+    virtual ~CopyStream() = default;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
     ULONG STDMETHODCALLTYPE AddRef() override { return 1; }

@@ -1,17 +1,22 @@
 // Measures the development of raw files against the least that any reader of their samples must do:
-// a plain sequential read and sum of the same bytes, file mapping included.
+// a plain sequential read and sum of the same bytes, file mapping included.  README.md tells how to
+// read the figures.
 //
 //     develop_bench [MEGAPIXELS]...
 
 #include "copy_stream.h"
+#include "memory.h"
+#include "platform.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "parse/core/mapped_file.h"
@@ -23,33 +28,86 @@ namespace {
 namespace fs = std::filesystem;
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr int kRounds = 9;
+constexpr int kRounds = 15;
+
+// How the samples are cut: rows one after the other, a DNG's strips or its tiles.
+enum class Cut { kNone, kStrips, kTiles };
 
 struct Layout {
     const char* name;
     std::uint32_t compression;
     std::uint32_t bits;
-    const char* make;
+    Cut cut = Cut::kNone;
+    const char* make = "ACME";
+    bool bigEndian = false;
 };
 constexpr Layout kLayouts[] = {
-    {"8-bit", 1, 8, "ACME"},     {"packed-12", 1, 12, "ACME"},   {"padded-12", 32769, 12, "ACME"},
-    {"words-16", 1, 16, "ACME"}, {"blocks", 1, 12, "Panasonic"}, {"lossless-jpeg", 7, 14, "ACME"},
+    {"8-bit", 1, 8},
+    {"packed-12", 1, 12},
+    {"padded-12", 32769, 12},
+    {"words-16", 1, 16},
+    {"words-16-be", 1, 16, Cut::kNone, "ACME", true},
+    {"blocks", 1, 12, Cut::kNone, "Panasonic"},
+    {"dng-10-strips", 1, 10, Cut::kStrips},
+    {"dng-12-strips", 1, 12, Cut::kStrips},
+    {"dng-14-strips", 1, 14, Cut::kStrips},
+    {"dng-10-tiles", 1, 10, Cut::kTiles},
+    {"dng-12-tiles", 1, 12, Cut::kTiles},
+    {"dng-14-tiles", 1, 14, Cut::kTiles},
+    {"lossless-jpeg", 7, 14},
+    {"dng-jpeg-tiles", 7, 14, Cut::kTiles},
 };
+constexpr std::uint32_t kTileSide = 256;  // rows of a strip too
 
-void PutWord(Bytes& out, std::uint32_t value) {
-    out.push_back(static_cast<std::uint8_t>(value));
-    out.push_back(static_cast<std::uint8_t>(value >> 8));
-}
+// One directory, in either byte order, and the data behind it.
+class FileWriter {
+public:
+    explicit FileWriter(bool bigEndian) : bigEndian_(bigEndian) {
+        const std::uint8_t mark = bigEndian ? 'M' : 'I';
+        bytes_ = {mark, mark};
+        Put16(42);
+        Put32(8);
+        Put16(0);  // entries, known at the end
+    }
+    void Put16(std::uint32_t value) {
+        for (const std::uint32_t shift : {bigEndian_ ? 8 : 0, bigEndian_ ? 0 : 8})
+            bytes_.push_back(static_cast<std::uint8_t>(value >> shift));
+    }
+    void Put32(std::uint32_t value) {
+        Put16(bigEndian_ ? value >> 16 : value);
+        Put16(bigEndian_ ? value : value >> 16);
+    }
+    // One number, or the position of several.
+    void Entry(std::uint32_t tag, std::uint32_t type, std::uint32_t count, std::uint32_t value) {
+        constexpr std::uint32_t kWord = 3;
+        ++entries_;
+        Put16(tag);
+        Put16(type);
+        Put32(count);
+        if (type == kWord && count == 1) {
+            Put16(value);
+            Put16(0);
+        } else {
+            Put32(value);
+        }
+    }
+    // The value of an entry that is its own bytes.
+    void EntryOfBytes(std::uint32_t tag, const Bytes& four) {
+        Entry(tag, 1, 4, 0);
+        std::copy(four.begin(), four.end(), bytes_.end() - 4);
+    }
+    void PadTo(std::size_t position) { bytes_.resize(position); }
+    void Append(const Bytes& more) { bytes_.insert(bytes_.end(), more.begin(), more.end()); }
+    Bytes Finish() {
+        bytes_[bigEndian_ ? 9 : 8] = static_cast<std::uint8_t>(entries_);
+        return std::move(bytes_);
+    }
 
-void PutEntry(Bytes& out, std::uint32_t tag, std::uint32_t type, std::uint32_t count,
-              std::uint32_t value) {
-    PutWord(out, tag);
-    PutWord(out, type);
-    PutWord(out, count);
-    PutWord(out, count >> 16);
-    PutWord(out, value);
-    PutWord(out, value >> 16);
-}
+private:
+    bool bigEndian_;
+    std::uint32_t entries_ = 0;
+    Bytes bytes_;
+};
 
 class Noise {
 public:
@@ -146,64 +204,116 @@ std::uint64_t DataBytes(const Layout& layout, std::uint64_t width, std::uint64_t
     return width * height * layout.bits / 8;
 }
 
-Bytes NoisyData(const Layout& layout, std::uint32_t width, std::uint32_t height) {
+Bytes MakeData(const Layout& layout, std::uint32_t width, std::uint32_t height) {
+    if (layout.compression == 7) return LosslessStream(width, height);
     Bytes data(DataBytes(layout, width, height));
     Noise noise;
     for (std::uint8_t& byte : data) byte = static_cast<std::uint8_t>(noise.Next());
     return data;
 }
 
-fs::path WriteFile(const Layout& layout, std::uint32_t width, std::uint32_t height) {
-    const Bytes data =
-        layout.compression == 7 ? LosslessStream(width, height) : NoisyData(layout, width, height);
-    Bytes file = {'I', 'I', 42, 0, 8, 0, 0, 0};
-    constexpr std::uint32_t kDataStart = 256;
+// Where the samples stand in the file.
+struct RawFile {
+    fs::path path;
+    std::size_t dataStart;
+    std::size_t dataBytes;
+};
+
+RawFile WriteFile(const Layout& layout, std::uint32_t width, std::uint32_t height) {
+    constexpr std::uint32_t kMakeAt = 400;
+    constexpr std::uint32_t kTablesAt = 512;
+    const bool isDng = layout.cut != Cut::kNone;
+    const std::uint32_t tileWidth = layout.cut == Cut::kTiles ? kTileSide : width;
+    const std::uint32_t tileHeight = isDng ? kTileSide : height;
+    const std::uint32_t tiles = ((width - 1) / tileWidth + 1) * ((height - 1) / tileHeight + 1);
+    const Bytes tile = MakeData(layout, tileWidth, tileHeight);
+    const auto tileBytes = static_cast<std::uint32_t>(tile.size());
+    const std::uint32_t dataStart = kTablesAt + 8 * tiles;
+    const bool isTiled = layout.cut == Cut::kTiles;
     const std::string make = layout.make;
-    PutWord(file, 7);
-    PutEntry(file, 256, 4, 1, width);
-    PutEntry(file, 257, 4, 1, height);
-    PutEntry(file, 258, 3, 1, layout.bits);
-    PutEntry(file, 259, 3, 1, layout.compression);
-    PutEntry(file, 271, 2, static_cast<std::uint32_t>(make.size() + 1), 200);
-    PutEntry(file, 273, 4, 1, kDataStart);
-    PutEntry(file, 279, 4, 1, static_cast<std::uint32_t>(data.size()));
-    file.resize(kDataStart);
-    std::copy(make.begin(), make.end(), file.begin() + 200);
-    file.insert(file.end(), data.begin(), data.end());
+
+    FileWriter file(layout.bigEndian);
+    file.Entry(256, 4, 1, width);
+    file.Entry(257, 4, 1, height);
+    file.Entry(258, 3, 1, layout.bits);
+    file.Entry(259, 3, 1, layout.compression);
+    if (isDng) file.Entry(262, 3, 1, 32803);
+    file.Entry(271, 2, static_cast<std::uint32_t>(make.size() + 1), kMakeAt);
+    if (!isTiled) file.Entry(273, 4, tiles, tiles == 1 ? dataStart : kTablesAt);
+    if (!isTiled) file.Entry(278, 4, 1, tileHeight);
+    if (!isTiled) file.Entry(279, 4, tiles, tiles == 1 ? tileBytes : kTablesAt + 4 * tiles);
+    if (isTiled) file.Entry(322, 4, 1, tileWidth);
+    if (isTiled) file.Entry(323, 4, 1, tileHeight);
+    if (isTiled) file.Entry(324, 4, tiles, kTablesAt);
+    if (isTiled) file.Entry(325, 4, tiles, kTablesAt + 4 * tiles);
+    if (isDng) file.EntryOfBytes(50706, {1, 4, 0, 0});
+    file.PadTo(kMakeAt);
+    file.Append(Bytes(make.begin(), make.end()));
+    file.PadTo(kTablesAt);
+    for (std::uint32_t i = 0; i < tiles; ++i) file.Put32(dataStart + tileBytes * i);
+    for (std::uint32_t i = 0; i < tiles; ++i) file.Put32(tileBytes);
+    for (std::uint32_t i = 0; i < tiles; ++i) file.Append(tile);
+    const Bytes bytes = file.Finish();
     const fs::path path = fs::temp_directory_path() / "qmx_develop_bench.raw";
     std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(file.data()),
-               static_cast<std::streamsize>(file.size()));
-    return path;
+        .write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
+    return {path, dataStart, std::size_t{tileBytes} * tiles};
 }
 
-// The words' sum; stored where the compiler cannot know that nobody looks.
-std::uint64_t SumFile(const wchar_t* path) {
+// The sum of the samples' bytes, `Number` by `Number`, the mapping included.
+template <class Number>
+std::uint32_t SumFile(const wchar_t* path, const RawFile& file) {
     ParseContext ctx;
     const MappedFile mapped(ctx, path);
     if (!mapped) return 0;
-    const std::uint8_t* p = ctx.viewBase;
-    const auto words = static_cast<std::size_t>(ctx.fileSize) / sizeof(std::uint32_t);
+    const std::uint8_t* p = ctx.viewBase + file.dataStart;
     std::uint32_t sum = 0;
-    for (std::size_t i = 0; i < words; ++i) {
-        std::uint32_t word;
-        std::memcpy(&word, p + i * sizeof word, sizeof word);
-        sum += word;
+    for (std::size_t i = 0; i < file.dataBytes / sizeof(Number); ++i) {
+        Number number;
+        std::memcpy(&number, p + i * sizeof number, sizeof number);
+        sum += number;
     }
     return sum;
 }
 
+// Milliseconds of the processor, which other programs do not lengthen; on Windows those of the
+// clock.
 template <class Work>
-double Seconds(Work&& work) {
-    const auto start = std::chrono::steady_clock::now();
+double Time(Work&& work) {
+    const std::clock_t start = std::clock();
     work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC;
 }
 
-double Median(std::vector<double> values) {
-    std::nth_element(values.begin(),
-                     values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
-    return values[values.size() / 2];
+// The least of all rounds: what disturbs a round only makes it longer.
+class Least {
+public:
+    void Take(double value) { least_ = std::min(least_, value); }
+    double Get() const { return least_; }
+
+private:
+    double least_ = 1e9;
+};
+
+// The memory in use when the picture is written: all that a development takes is there then.
+class WatchingStream final : public CopyStream {
+public:
+    using CopyStream::CopyStream;
+    HRESULT STDMETHODCALLTYPE Write(const void* source, ULONG length, ULONG* written) override {
+        memory = std::max(memory, PrivateMemory());
+        return CopyStream::Write(source, length, written);
+    }
+    std::uint64_t memory = 0;
+};
+
+double DevelopedMegabytes(const wchar_t* path, std::uint32_t level, std::size_t room) {
+    WatchingStream stream(room);
+    ReleaseFreeMemory();
+    const std::uint64_t before = PrivateMemory();
+    RawDecodeState state;
+    RunRawPipeline(state, path, &stream, level);
+    return static_cast<double>(stream.memory - std::min(before, stream.memory)) / 1e6;
 }
 
 bool Measure(const Layout& layout, std::uint32_t megapixels) {
@@ -211,33 +321,37 @@ bool Measure(const Layout& layout, std::uint32_t megapixels) {
     std::uint32_t width = 56;
     while (std::uint64_t{width} * width * 3 / 4 < std::uint64_t{megapixels} * 1000000) width += 56;
     const std::uint32_t height = width * 3 / 4;
-    const fs::path file = WriteFile(layout, width, height);
-    std::vector<wchar_t> path;
-    for (const char16_t unit : file.u16string()) path.push_back(static_cast<wchar_t>(unit));
-    path.push_back(0);
+    const RawFile file = WriteFile(layout, width, height);
+    const WideText path = ToWide(file.path);
 
-    CopyStream stream(std::size_t{width} * height);
-    std::vector<double> floor, half, eighth;
-    volatile std::uint64_t sink = 0;
+    const std::size_t room = std::size_t{width} * height;
+    CopyStream stream(room);
+    Least words, bytes, half, eighth;
+    volatile std::uint32_t sink = 0;
     bool sound = true;
     const auto develop = [&](std::uint32_t level) {
         RawDecodeState state;
         sound &= RunRawPipeline(state, path.data(), &stream, level) == 1;
     };
     for (int round = 0; round < kRounds; ++round) {
-        floor.push_back(Seconds([&] { sink = sink + SumFile(path.data()); }));
-        half.push_back(Seconds([&] { develop(1); }));
-        eighth.push_back(Seconds([&] { develop(3); }));
+        words.Take(Time([&] { sink = sink + SumFile<std::uint32_t>(path.data(), file); }));
+        bytes.Take(Time([&] { sink = sink + SumFile<std::uint8_t>(path.data(), file); }));
+        half.Take(Time([&] { develop(1); }));
+        eighth.Take(Time([&] { develop(3); }));
     }
+    const double halfMegabytes = DevelopedMegabytes(path.data(), 1, room);
+    const double eighthMegabytes = DevelopedMegabytes(path.data(), 3, room);
     std::error_code ignored;
-    fs::remove(file, ignored);
-    const double base = Median(floor);
-    std::printf(
-        "%-14s %3u MP  read %6.2f ms  1/2 %7.2f ms (%5.2f x)  1/8 %7.2f ms (%5.2f x)  "
-        "%5.0f Msamples/s\n",
-        layout.name, megapixels, base * 1e3, Median(half) * 1e3, Median(half) / base,
-        Median(eighth) * 1e3, Median(eighth) / base,
-        static_cast<double>(width) * height / Median(eighth) / 1e6);
+    fs::remove(file.path, ignored);
+    const auto print = [&](const char* scale, double time, double megabytes) {
+        std::printf("  %s %7.2f ms %5.2f %5.2f %5.0f MB", scale, time, time / words.Get(),
+                    time / bytes.Get(), megabytes);
+    };
+    std::printf("%-14s %3u MP  read %5.2f %5.2f ms", layout.name, megapixels, words.Get(),
+                bytes.Get());
+    print("1/8", eighth.Get(), eighthMegabytes);
+    print("1/2", half.Get(), halfMegabytes);
+    std::printf("  %5.0f Msamples/s\n", static_cast<double>(width) * height / eighth.Get() / 1e3);
     return sound;
 }
 
