@@ -1,6 +1,7 @@
 #include "rawdev/bitmap_writer.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "parse/core/bitmap.h"
 #include "rawdev/tone_curve.h"
@@ -35,20 +36,35 @@ SourceWalk WalkUpright(const RawDecodeState& state) {
     return walk;
 }
 
+// The bytes blue, green, red of a cell.
+std::uint32_t ToPixel(const Cell& cell, const std::uint8_t* tone) {
+    std::uint64_t levels = 0;
+    std::memcpy(&levels, &cell, sizeof levels);  // x64 is little-endian
+    return std::uint32_t{tone[levels >> 32 & 0xFFFF]} |
+           std::uint32_t{tone[levels >> 16 & 0xFFFF]} << 8 |
+           std::uint32_t{tone[levels & 0xFFFF]} << 16;
+}
+
 void PutPixels(const SourceWalk& walk, std::ptrdiff_t row, std::int32_t from, std::int32_t to,
                const std::uint8_t* tone, std::uint8_t* out) {
     const Cell* cell = walk.first + row * walk.toNextRow + from * walk.toNextColumn;
     out += 3 * std::ptrdiff_t{from};
-    for (std::int32_t x = from; x < to; ++x, cell += walk.toNextColumn, out += 3) {
-        out[0] = tone[(*cell)[2]];
-        out[1] = tone[(*cell)[1]];
-        out[2] = tone[(*cell)[0]];
+    // Every store but the last reaches into the next pixel.
+    for (std::int32_t x = from; x < to - 1; ++x, cell += walk.toNextColumn, out += 3) {
+        const std::uint32_t pixel = ToPixel(*cell, tone);
+        std::memcpy(out, &pixel, sizeof pixel);
     }
+    const std::uint32_t pixel = ToPixel(*cell, tone);
+    std::memcpy(out, &pixel, 3);
 }
 
 // In stripes, so that of a transposed picture both sides stay in the cache.
 void FillRows(const SourceWalk& walk, const BitmapLayout& layout, const std::uint8_t* tone,
               std::uint8_t* rows) {
+    const std::size_t pixelBytes = 3 * static_cast<std::size_t>(layout.width);
+    for (std::int32_t y = 0; y < layout.height; ++y)
+        std::memset(rows + static_cast<std::size_t>(y) * layout.rowBytes + pixelBytes, 0,
+                    layout.rowBytes - pixelBytes);
     const bool transposed = walk.toNextColumn != 1 && walk.toNextColumn != -1;
     const std::int32_t stripe = transposed ? 32 : layout.width;
     for (std::int32_t from = 0; from < layout.width; from += stripe) {
@@ -74,7 +90,7 @@ bool WriteBitmap(RawDecodeState& state, IStream* stream) {
     BitmapLayout layout;
     if (!LayOutBitmap(width, height, layout)) return false;
     auto* tone = state.scratch.Take<std::uint8_t>(kToneEntries);
-    state.bitmap = AllocateZeroed<std::uint8_t>(layout.imageBytes);
+    state.bitmap = AllocateUnset<std::uint8_t>(layout.imageBytes);
     if (state.bitmap == nullptr) state.error = E_OUTOFMEMORY;
     if (tone == nullptr || state.bitmap == nullptr) return false;
     FillToneCurve(FindWhiteLevel(state), tone);

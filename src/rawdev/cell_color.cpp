@@ -1,99 +1,26 @@
 #include "rawdev/cell_color.h"
 
-#include <emmintrin.h>
-
 #include <algorithm>
 
 #include "rawdev/color_matrix.h"
+#include "rawdev/portable_kernels.h"
+#include "rawdev/tone_curve.h"
 
 namespace qmx {
 namespace {
 
-constexpr float kFullScale = 65535;
-
-// Keeps a product that should be whole from falling below its number.
-constexpr float kRoundingGuard = 1.0f / 128;
-
-constexpr std::uint32_t kRun = 256;  // cells worked on at a time, all within the first cache
-constexpr std::uint32_t kLanes = 4;  // cells worked on at once; runs are rounded up to them
-
-using Levels = std::int32_t[kRun];
-
-std::int32_t ToLevel(float value) {
-    return static_cast<std::int32_t>(std::clamp(value + kRoundingGuard, 0.0f, kFullScale));
+std::uint16_t ToLevel(float value) {
+    return static_cast<std::uint16_t>(std::clamp(value + kRoundingGuard, 0.0f, kFullScale));
 }
 
-// SSE2, which every x64 processor has.
-__m128i ToLevels(__m128 values) {
-    const __m128 guarded = _mm_add_ps(values, _mm_set1_ps(kRoundingGuard));
-    return _mm_cvttps_epi32(
-        _mm_min_ps(_mm_max_ps(guarded, _mm_setzero_ps()), _mm_set1_ps(kFullScale)));
-}
-
-__m128i Load(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
-__m128 LoadFloats(const std::int32_t* p) { return _mm_cvtepi32_ps(Load(p)); }
-void Store(void* p, __m128i value) { _mm_storeu_si128(static_cast<__m128i*>(p), value); }
-
-// `sums` is readable up to whole lanes.
-void ScaleSums(const std::uint32_t* sums, float factor, float black, std::uint32_t count,
-               Levels& levels) {
-    const __m128 factors = _mm_set1_ps(factor);
-    const __m128 blacks = _mm_set1_ps(black);
-    for (std::uint32_t i = 0; i < count; i += kLanes) {
-        const __m128 values = _mm_cvtepi32_ps(Load(sums + i));
-        Store(levels + i, ToLevels(_mm_sub_ps(_mm_mul_ps(values, factors), blacks)));
-    }
-}
-
-void MeanOfGreens(Levels& first, const Levels& second, std::uint32_t count) {
-    for (std::uint32_t i = 0; i < count; i += kLanes)
-        Store(first + i, _mm_srli_epi32(_mm_add_epi32(Load(first + i), Load(second + i)), 1));
-}
-
-void Convert(const float (&matrix)[3][3], const Levels (&in)[kColors], std::uint32_t count,
-             Levels (&out)[3]) {
-    for (int channel = 0; channel < 3; ++channel) {
-        const __m128 red = _mm_set1_ps(matrix[channel][0]);
-        const __m128 green = _mm_set1_ps(matrix[channel][1]);
-        const __m128 blue = _mm_set1_ps(matrix[channel][2]);
-        for (std::uint32_t i = 0; i < count; i += kLanes) {
-            const __m128 redGreen = _mm_add_ps(_mm_mul_ps(red, LoadFloats(in[0] + i)),
-                                               _mm_mul_ps(green, LoadFloats(in[1] + i)));
-            Store(out[channel] + i,
-                  ToLevels(_mm_add_ps(redGreen, _mm_mul_ps(blue, LoadFloats(in[2] + i)))));
-        }
-    }
-}
-
-void StoreCell(const Levels (&levels)[3], std::uint32_t i, std::uint16_t (&cell)[kColors]) {
-    for (int channel = 0; channel < 3; ++channel)
-        cell[channel] = static_cast<std::uint16_t>(levels[channel][i]);
-    cell[3] = 0;
-}
-
-void StoreCells(const Levels (&levels)[3], std::uint32_t count, std::uint16_t (*cells)[kColors]) {
-    std::uint32_t i = 0;
-    for (; i + kLanes <= count; i += kLanes) {
-        const __m128i redGreen =
-            _mm_or_si128(Load(levels[0] + i), _mm_slli_epi32(Load(levels[1] + i), 16));
-        const __m128i blue = Load(levels[2] + i);
-        Store(cells[i], _mm_unpacklo_epi32(redGreen, blue));
-        Store(cells[i + 2], _mm_unpackhi_epi32(redGreen, blue));
-    }
-    for (; i < count; ++i) StoreCell(levels, i, cells[i]);
-}
-
-// Channel by channel over many cells, so that the bins of one stay in the first cache.
-void CountCells(const std::uint16_t (*cells)[kColors], std::uint64_t count,
-                std::uint32_t (*histogram)[kHistogramBins]) {
-    for (int channel = 0; channel < 3; ++channel)
-        for (std::uint64_t i = 0; i < count; ++i) ++histogram[channel][cells[i][channel] >> 3];
-}
+// Looks for the white point so far while a picture is counted.
+constexpr std::uint32_t kLooks = 16;
 
 }  // namespace
 
 CellColor::CellColor(RawDecodeState& state)
-    : black_(static_cast<float>(state.black)), histogram_(state.channelHistogram.get()) {
+    : state_(&state), black_(static_cast<float>(state.black)) {
+    lookAfter_ = std::uint64_t{state.outputHeight} * state.outputWidth / kLooks;
     float multipliers[kColors];
     ChooseMultipliers(state, multipliers);
     // Clipped highlights are white; those that are mended keep all that the sensor saw.
@@ -108,48 +35,60 @@ CellColor::CellColor(RawDecodeState& state)
                                                   : state.cameraToOutput[row][column];
 }
 
-void CellColor::FinishCells(const std::uint32_t* const (&sums)[kColors], const CellCounts& counts,
-                            std::uint32_t cellCount, std::uint16_t (*cells)[kColors]) const {
-    Levels levels[kColors];
-    Levels converted[3];
-    for (std::uint32_t done = 0; done < cellCount; done += kRun) {
-        const std::uint32_t run = std::min(kRun, cellCount - done);
-        for (std::uint32_t color = 0; color < kColors; ++color) {
-            const std::uint32_t samples = counts.of[color];
-            const float factor = samples == 0 ? 0 : scale_[color] / static_cast<float>(samples);
-            ScaleSums(sums[color] + done, factor, black_ * scale_[color], run, levels[color]);
-        }
-        if (counts.of[1] != 0 && counts.of[3] != 0) {
-            MeanOfGreens(levels[1], levels[3], run);
-        } else if (counts.of[3] != 0) {
-            std::copy_n(levels[3], run, levels[1]);
-        }
-        Convert(matrix_, levels, run, converted);
-        StoreCells(converted, run, cells + done);
+void CellColor::FinishCells(const CellSums& sums, const CellCounts& counts, std::uint32_t first,
+                            std::uint32_t cellCount, std::uint16_t (*cells)[kColors]) {
+    CellRun run = {};
+    for (std::uint32_t color = 0; color < kColors; ++color) {
+        // Of two greens of which one is missing the other counts twice.
+        const bool isLoneGreen = color % 2 == 1 && counts.of[color] == 0;
+        const std::uint32_t source = isLoneGreen ? 4 - color : color;
+        const std::uint32_t samples = counts.of[source];
+        run.sums[color] = sums[source] + first;
+        run.factor[color] = samples == 0 ? 0 : scale_[source] / static_cast<float>(samples);
+        run.black[color] = black_ * scale_[source];
     }
-    CountCells(cells, cellCount, histogram_);
+    Convert(run, cellCount, cells);
 }
 
 void CellColor::BalanceCells(std::uint16_t (*cells)[kColors], std::uint64_t cellCount) const {
     for (std::uint64_t i = 0; i < cellCount; ++i)
         for (std::uint32_t color = 0; color < kColors; ++color)
-            cells[i][color] = static_cast<std::uint16_t>(
-                ToLevel((static_cast<float>(cells[i][color]) - black_) * scale_[color]));
+            cells[i][color] =
+                ToLevel((static_cast<float>(cells[i][color]) - black_) * scale_[color]);
 }
 
-void CellColor::ConvertCells(std::uint16_t (*cells)[kColors], std::uint64_t cellCount) const {
-    Levels levels[kColors] = {};
-    Levels converted[3];
-    for (std::uint64_t done = 0; done < cellCount; done += kRun) {
-        const auto run =
-            static_cast<std::uint32_t>(std::min<std::uint64_t>(kRun, cellCount - done));
-        for (std::uint32_t i = 0; i < run; ++i)
+void CellColor::ConvertCells(std::uint16_t (*cells)[kColors], std::uint64_t cellCount) {
+    CellSums levels;
+    CellRun run = {};
+    for (std::uint32_t color = 0; color < kColors; ++color) {
+        run.sums[color] = levels[color == 3 ? 1 : color];
+        run.factor[color] = 1;
+    }
+    for (std::uint64_t done = 0; done < cellCount; done += kRunCells) {
+        const auto count =
+            static_cast<std::uint32_t>(std::min<std::uint64_t>(kRunCells, cellCount - done));
+        for (std::uint32_t i = 0; i < count; ++i)
             for (std::uint32_t color = 0; color < 3; ++color)
                 levels[color][i] = cells[done + i][color];
-        Convert(matrix_, levels, run, converted);
-        StoreCells(converted, run, cells + done);
+        Convert(run, count, cells + done);
     }
-    CountCells(cells, cellCount, histogram_);
+}
+
+void CellColor::Convert(CellRun& run, std::uint32_t cellCount, std::uint16_t (*cells)[kColors]) {
+    std::copy_n(&matrix_[0][0], 9, &run.matrix[0][0]);
+    run.count = cellCount;
+    run.cells = cells;
+    state_->kernels->finishCells(run);
+    Count(cells, cellCount);
+}
+
+// White only rises while cells are counted: what is darker than white so far does not matter.
+void CellColor::Count(const std::uint16_t (*cells)[kColors], std::uint32_t cellCount) {
+    state_->kernels->countCells(cells, cellCount, bound_, state_->channelHistogram.get());
+    sinceLook_ += cellCount;
+    if (sinceLook_ < lookAfter_) return;
+    sinceLook_ = 0;
+    bound_ = FindWhiteBin(*state_) * kLevelsPerBin;
 }
 
 }  // namespace qmx

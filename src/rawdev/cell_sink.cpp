@@ -38,11 +38,7 @@ bool CellSink::Start(RawDecodeState& state) {
         (std::uint32_t{state.leftMargin} + state.width) * state.samplesPerPixel;
     ringStride_ = std::max(stored, reach) + kRowSlack;
     ring_ = state.scratch.Take<std::uint16_t>(ringStride_ * ringRows_);
-    const std::size_t sumStride = std::size_t{state.outputWidth} + kSumSlack;
-    auto* sums = state.scratch.Take<std::uint32_t>(kColors * sumStride);
-    if (ring_ == nullptr || sums == nullptr) return false;
-    for (std::uint32_t color = 0; color < kColors; ++color) sums_[color] = sums + sumStride * color;
-    return true;
+    return ring_ != nullptr;
 }
 
 std::uint16_t* CellSink::NextRow() { return ring_ + ringStride_ * (rowsIn_ % ringRows_); }
@@ -108,25 +104,28 @@ void CellSink::ReduceBlock(std::uint32_t outRow) {
     const std::uint32_t side = 1u << state_->shrinkShift;
     const std::uint32_t top = outRow * side;
     const std::uint32_t rows = std::min(side, state_->height - top);
-    const std::uint32_t wholeCells = state_->width / side;
-    const std::uint32_t restColumns = state_->width % side;
     const std::uint16_t* samples[8];
-    std::uint32_t pattern[8];  // each row's two colours
+    std::uint32_t colors[8];  // each row's two
     for (std::uint32_t row = 0; row < rows; ++row) {
         samples[row] = VisibleRow(top + row);
-        pattern[row] = state_->cfaPattern >> (4 * ((top + row) % 8)) & 15;
+        colors[row] = state_->cfaPattern >> (4 * ((top + row) % 8)) & 15;
     }
-    SumBlock(samples, pattern, rows, side, state_->width, sums_);
-
-    const std::uint32_t* const sums[kColors] = {sums_[0], sums_[1], sums_[2], sums_[3]};
+    const CellCounts counts = CountColors(state_->cfaPattern, top, rows, side);
     std::uint16_t(*cells)[kColors] =
         state_->image.get() + std::size_t{outRow} * state_->outputWidth;
-    color_.FinishCells(sums, CountColors(state_->cfaPattern, top, rows, side), wholeCells, cells);
-    if (restColumns == 0) return;
-    const std::uint32_t* const edge[kColors] = {sums_[0] + wholeCells, sums_[1] + wholeCells,
-                                                sums_[2] + wholeCells, sums_[3] + wholeCells};
-    color_.FinishCells(edge, CountColors(state_->cfaPattern, top, rows, restColumns), 1,
-                       cells + wholeCells);
+    CellSums sums;
+    const std::uint32_t runSamples = kRunCells * side;
+    for (std::uint32_t x = 0; x < state_->width; x += runSamples, cells += kRunCells) {
+        const std::uint32_t width = std::min(runSamples, state_->width - x);
+        const std::uint32_t wholeCells = width / side;
+        const std::uint32_t restColumns = width % side;
+        SumBlock(*state_->kernels, samples, colors, rows, side, width, sums);
+        color_.FinishCells(sums, counts, 0, wholeCells, cells);
+        if (restColumns != 0)
+            color_.FinishCells(sums, CountColors(state_->cfaPattern, top, rows, restColumns),
+                               wholeCells, 1, cells + wholeCells);
+        for (std::uint32_t row = 0; row < rows; ++row) samples[row] += runSamples;
+    }
 }
 
 // One sample per cell: its other colours are found later.
@@ -139,11 +138,15 @@ void CellSink::StoreMosaicRow(std::uint32_t y) {
 
 void CellSink::StoreFullRow(std::uint32_t y) {
     const std::uint16_t* row = VisibleRow(y);
-    for (std::uint32_t x = 0; x < state_->width; ++x)
-        for (std::uint32_t color = 0; color < 3; ++color) sums_[color][x] = row[3 * x + color];
-    const std::uint32_t* const sums[kColors] = {sums_[0], sums_[1], sums_[2], sums_[3]};
-    color_.FinishCells(sums, {{1, 1, 1, 0}}, state_->width,
-                       state_->image.get() + std::size_t{y} * state_->outputWidth);
+    std::uint16_t(*cells)[kColors] = state_->image.get() + std::size_t{y} * state_->outputWidth;
+    CellSums levels;
+    for (std::uint32_t x = 0; x < state_->width; x += kRunCells) {
+        const std::uint32_t count = std::min(kRunCells, state_->width - x);
+        for (std::uint32_t i = 0; i < count; ++i)
+            for (std::uint32_t color = 0; color < 3; ++color)
+                levels[color][i] = row[3 * (std::size_t{x} + i) + color];
+        color_.FinishCells(levels, {{1, 1, 1, 0}}, 0, count, cells + x);
+    }
 }
 
 }  // namespace qmx

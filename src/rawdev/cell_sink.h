@@ -38,7 +38,6 @@ private:
     std::size_t ringStride_ = 0;  // samples from row to row
     std::uint32_t ringRows_ = 0;
     std::uint32_t rowsIn_ = 0;  // visible rows that have come
-    std::uint32_t* sums_[kColors] = {};
 };
 
 // Fetches the visible rows one by one with `read(rawRow, dst)`; what is not stored is black.  With

@@ -35,9 +35,10 @@ std::uint64_t DngRow(const RawDecodeState& state) {
 void UnpackSamples(const RawDecodeState& state, const std::uint8_t* src, std::uint32_t count,
                    std::uint16_t* dst) {
     switch (state.bitsPerSample) {
-        case 12: return Unpack12(src, count, dst);
+        case 8: return UnpackBytes(src, count, dst);
+        case 12: return state.kernels->unpack12(src, count, dst);
         case 16: return UnpackWords(src, count, state.file.bigEndian, dst);
-        default: return UnpackBits(src, count, state.bitsPerSample, dst);
+        default: return state.kernels->unpackBits(src, count, state.bitsPerSample, dst);
     }
 }
 

@@ -37,20 +37,17 @@ bool LoadRows(RawDecodeState& state, CellSink& sink, std::uint64_t rowBytes, Unp
     return true;
 }
 
+// `sampleCurve` stays the identity without a table of levels, which only DNGs have.
 bool LoadEightBit(RawDecodeState& state, CellSink& sink) {
-    const std::uint16_t* curve = state.sampleCurve.get();
-    return LoadRows(state, sink, EightBitRow(state),
-                    [curve](const std::uint8_t* src, std::uint32_t count, std::uint16_t* dst) {
-                        for (std::uint32_t i = 0; i < count; ++i) dst[i] = curve[src[i]];
-                    });
+    return LoadRows(state, sink, EightBitRow(state), UnpackBytes);
 }
 
 bool LoadPacked12(RawDecodeState& state, CellSink& sink) {
-    return LoadRows(state, sink, PackedRow(state), Unpack12);
+    return LoadRows(state, sink, PackedRow(state), state.kernels->unpack12);
 }
 
 bool LoadPadded12(RawDecodeState& state, CellSink& sink) {
-    return LoadRows(state, sink, PaddedRow(state), Unpack12Padded);
+    return LoadRows(state, sink, PaddedRow(state), state.kernels->unpack12Padded);
 }
 
 bool LoadUnpacked16(RawDecodeState& state, CellSink& sink) {

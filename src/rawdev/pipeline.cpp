@@ -57,22 +57,24 @@ void SetOutputSize(RawDecodeState& state, std::uint32_t shrinkLevel) {
     state.rawColor = false;
 }
 
+bool IsMosaic(const RawDecodeState& state) {
+    return state.cfaPattern != 0 && state.shrinkShift == 0;
+}
+
 bool AllocateBuffers(RawDecodeState& state) {
     if (state.sampleCurve == nullptr)
         state.sampleCurve = AllocateZeroed<std::uint16_t>(kCurveEntries);
     if (state.channelHistogram == nullptr)
         state.channelHistogram = AllocateZeroed<std::uint32_t[kHistogramBins]>(kColors);
-    state.image = AllocateZeroed<std::uint16_t[kColors]>(std::uint64_t{state.outputHeight} *
-                                                         state.outputWidth);
+    // Shrunken cells are written as a whole, those of a mosaic one colour at a time.
+    const std::uint64_t cells = std::uint64_t{state.outputHeight} * state.outputWidth;
+    state.image = IsMosaic(state) ? AllocateZeroed<std::uint16_t[kColors]>(cells)
+                                  : AllocateUnset<std::uint16_t[kColors]>(cells);
     if (state.sampleCurve == nullptr || state.channelHistogram == nullptr || state.image == nullptr)
         return false;
     for (std::uint32_t code = 0; code < kCurveEntries; ++code)
         state.sampleCurve[code] = static_cast<std::uint16_t>(code);
     return true;
-}
-
-bool IsMosaic(const RawDecodeState& state) {
-    return state.cfaPattern != 0 && state.shrinkShift == 0;
 }
 
 // What was left to do until all cells were there: at full size each still lacks the colours that

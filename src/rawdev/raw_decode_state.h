@@ -6,6 +6,7 @@
 #include "parse/core/image_info.h"
 #include "parse/core/win32.h"
 #include "rawdev/file_view.h"
+#include "rawdev/kernels.h"
 #include "rawdev/raw_ifd.h"
 #include "rawdev/scratch_pool.h"
 
@@ -41,11 +42,10 @@ struct ShotData {
 
 inline constexpr std::uint32_t kCfaUnset = 0xFFFFFFFF;  // 0 means three full samples per pixel
 inline constexpr std::uint32_t kCurveEntries = 0x4000;
-inline constexpr std::uint32_t kHistogramBins = 0x2000;  // a bin holds 8 levels of 16 bits
-inline constexpr std::uint32_t kColors = 4;
 
 struct RawDecodeState {
     FileView file;
+    const Kernels* kernels = &ChooseKernels();
     HRESULT error = S_OK;  // E_OUTOFMEMORY when memory was short
 
     char makeText[64] = {};
@@ -98,10 +98,10 @@ struct RawDecodeState {
     std::int32_t useCameraMatrix = -1;
     std::int32_t highlightMode = 0;
 
-    ZeroedArray<std::uint16_t> sampleCurve;                       // kCurveEntries, identity
-    ZeroedArray<std::uint32_t[kHistogramBins]> channelHistogram;  // kColors
-    ZeroedArray<std::uint16_t[kColors]> image;                    // output cells
-    ZeroedArray<std::uint8_t> bitmap;
+    OwnedArray<std::uint16_t> sampleCurve;                       // kCurveEntries, identity
+    OwnedArray<std::uint32_t[kHistogramBins]> channelHistogram;  // kColors
+    OwnedArray<std::uint16_t[kColors]> image;                    // output cells
+    OwnedArray<std::uint8_t> bitmap;
     ScratchPool scratch;
 };
 

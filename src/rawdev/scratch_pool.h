@@ -16,17 +16,26 @@ struct FreeMemory {
     void operator()(void* block) const { std::free(block); }
 };
 
-// Zeroed arrays that live as long as their owner; null when memory is short.
+// Arrays that live as long as their owner; null when memory is short.
 template <class T>
-using ZeroedArray = std::unique_ptr<T[], FreeMemory>;
+using OwnedArray = std::unique_ptr<T[], FreeMemory>;
 
-// Large blocks come from the system as zero pages that cost nothing until they are touched.
+// Zeroed; large blocks come from the system as zero pages that cost nothing until they are touched.
 template <class T>
-ZeroedArray<T> AllocateZeroed(std::uint64_t count) {
+OwnedArray<T> AllocateZeroed(std::uint64_t count) {
     static_assert(std::is_trivially_copyable_v<T>);
     if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) return nullptr;
     const auto items = static_cast<std::size_t>(count);
-    return ZeroedArray<T>(static_cast<T*>(std::calloc(items == 0 ? 1 : items, sizeof(T))));
+    return OwnedArray<T>(static_cast<T*>(std::calloc(items == 0 ? 1 : items, sizeof(T))));
+}
+
+// The same for what is written as a whole: there is no need to touch it twice.
+template <class T>
+OwnedArray<T> AllocateUnset(std::uint64_t count) {
+    static_assert(std::is_trivially_copyable_v<T>);
+    if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) return nullptr;
+    const auto items = static_cast<std::size_t>(count);
+    return OwnedArray<T>(static_cast<T*>(std::malloc(items == 0 ? 1 : items * sizeof(T))));
 }
 
 // A few blocks of different types that are freed together.

@@ -10,6 +10,12 @@ namespace qmx {
 
 inline constexpr std::uint32_t kToneEntries = 0x10000;
 
+inline constexpr std::uint32_t kLevelsPerBin = 8;
+
+// The highest bin of any channel above which no more than a hundredth of the pixels lies, of those
+// that are counted.
+std::uint32_t FindWhiteBin(const RawDecodeState& state);
+
 // The level that becomes white: the brightest hundredth of the pixels may clip.
 double FindWhiteLevel(const RawDecodeState& state);
 

@@ -1,7 +1,11 @@
 #include "rawdev/unpack.h"
 
+#include <emmintrin.h>
+
 #include <cstddef>
 #include <cstring>
+
+#include "rawdev/portable_kernels.h"
 
 namespace qmx {
 
@@ -21,6 +25,10 @@ void StoreQuad(std::uint64_t bits, std::uint16_t* dst) {
                                (bits >> 28 & 0xFFF) << 32 | (bits >> 16 & 0xFFF) << 48;
     std::memcpy(dst, &quad, sizeof quad);
 }
+
+// SSE2, which every x64 processor has.
+__m128i Load(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
+void Store(void* p, __m128i value) { _mm_storeu_si128(static_cast<__m128i*>(p), value); }
 
 }  // namespace
 
@@ -45,16 +53,6 @@ void Unpack12Padded(const std::uint8_t* src, std::uint32_t count, std::uint16_t*
     Unpack12(src, count, dst);
 }
 
-void UnpackWords(const std::uint8_t* src, std::uint32_t count, bool bigEndian, std::uint16_t* dst) {
-    if (!bigEndian) {
-        std::memcpy(dst, src, count * sizeof *dst);  // x64 is little-endian
-        return;
-    }
-    for (std::uint32_t i = 0; i < count; ++i)
-        dst[i] =
-            static_cast<std::uint16_t>(src[2 * std::size_t{i}] << 8 | src[2 * std::size_t{i} + 1]);
-}
-
 void UnpackBits(const std::uint8_t* src, std::uint32_t count, std::uint32_t bits,
                 std::uint16_t* dst) {
     std::uint32_t buffer = 0;
@@ -64,6 +62,29 @@ void UnpackBits(const std::uint8_t* src, std::uint32_t count, std::uint32_t bits
         held -= bits;
         dst[i] = static_cast<std::uint16_t>(buffer >> held & ((1u << bits) - 1));
     }
+}
+
+void UnpackBytes(const std::uint8_t* src, std::uint32_t count, std::uint16_t* dst) {
+    std::size_t i = 0;
+    for (; i + 16 <= count; i += 16) {
+        const __m128i bytes = Load(src + i);
+        Store(dst + i, _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
+        Store(dst + i + 8, _mm_unpackhi_epi8(bytes, _mm_setzero_si128()));
+    }
+    for (; i < count; ++i) dst[i] = src[i];
+}
+
+void UnpackWords(const std::uint8_t* src, std::uint32_t count, bool bigEndian, std::uint16_t* dst) {
+    if (!bigEndian) {
+        std::memcpy(dst, src, count * sizeof *dst);  // x64 is little-endian
+        return;
+    }
+    std::size_t i = 0;
+    for (; i + 8 <= count; i += 8) {
+        const __m128i words = Load(src + 2 * i);
+        Store(dst + i, _mm_or_si128(_mm_slli_epi16(words, 8), _mm_srli_epi16(words, 8)));
+    }
+    for (; i < count; ++i) dst[i] = static_cast<std::uint16_t>(src[2 * i] << 8 | src[2 * i + 1]);
 }
 
 }  // namespace qmx

@@ -166,6 +166,19 @@ TEST(ToneCurve, IsThatOfBt709) {
     }
 }
 
+TEST(ToneCurve, HoldsItsFormulaAtEveryLevel) {
+    std::vector<std::uint8_t> bytes(kToneEntries);
+    for (const double white : {256.0, 1234.5, 8000.0, 40000.0, 65528.0}) {
+        FillToneCurve(white, bytes.data());
+        for (std::uint32_t level = 0; level < kToneEntries; ++level) {
+            const double light = level / white;
+            const double value =
+                light > 0.018 ? 1.099 * std::pow(light, 0.45) - 0.099 : 4.5 * light;
+            ASSERT_EQ(bytes[level], static_cast<int>(std::min(255.0, 256 * value))) << level;
+        }
+    }
+}
+
 // A flat picture is as bright as its white point allows; nothing darker than bin 32 becomes white.
 TEST(ToneCurve, BrightestHundredthMayClip) {
     struct Case {

@@ -1,0 +1,34 @@
+#pragma once
+// For the files that hold the AVX2 kernels.  Their functions alone are compiled for it, not the
+// file, or the linker might take an inline function of theirs for the whole library.
+
+#include <immintrin.h>
+
+#include <cstdint>
+
+#include "rawdev/kernels.h"
+
+#if defined(__GNUC__)
+#define QMX_AVX2 __attribute__((target("avx2,popcnt")))
+#define QMX_AVX2_INLINE __attribute__((target("avx2,popcnt"), always_inline)) inline
+#else  // the compiler takes the intrinsics as they come
+#define QMX_AVX2
+#define QMX_AVX2_INLINE __forceinline
+#endif
+
+namespace qmx {
+
+void Unpack12Avx2(const std::uint8_t* src, std::uint32_t count, std::uint16_t* dst);
+void Unpack12PaddedAvx2(const std::uint8_t* src, std::uint32_t count, std::uint16_t* dst);
+void UnpackBitsAvx2(const std::uint8_t* src, std::uint32_t count, std::uint32_t bits,
+                    std::uint16_t* dst);
+void UnpackGroupsAvx2(const std::uint8_t* src, std::uint32_t groups, std::uint16_t* dst);
+void AddPairsAvx2(const std::uint16_t* row, std::uint32_t cells, std::uint32_t* even,
+                  std::uint32_t* odd);
+void AddOctetsAvx2(const std::uint16_t* const* rows, std::uint32_t rowCount, std::uint32_t cells,
+                   std::uint32_t* even, std::uint32_t* odd);
+void FinishCellsAvx2(const CellRun& run);
+void CountCellsAvx2(const std::uint16_t (*cells)[kColors], std::uint32_t count, std::uint32_t bound,
+                    std::uint32_t (*histogram)[kHistogramBins]);
+
+}  // namespace qmx
