@@ -49,4 +49,8 @@ endif()
 if(QMX_FUZZ)
   # All objects must count their edges, or the fuzzer sees none of its inputs as interesting.
   add_compile_options(-fsanitize=fuzzer-no-link)
+  if(NOT QMX_SANITIZE)
+    # Programs that are no fuzz targets need the counters' runtime, which other sanitizers bring.
+    add_link_options(-fsanitize=fuzzer-no-link)
+  endif()
 endif()

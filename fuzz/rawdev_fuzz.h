@@ -3,17 +3,13 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdlib>
 
+#include "promises.h"
 #include "rawdev/pipeline.h"
 #include "support/memory_stream.h"
 #include "support/raw_builder.h"
 
 namespace qmx::fuzz {
-
-inline void Check(bool promise) {
-    if (!promise) std::abort();
-}
 
 // The stream is untouched, or holds one whole bitmap of the size that the dimensions make.
 inline void DevelopAll(const std::uint8_t* data, std::size_t size) {

@@ -1,18 +1,14 @@
 // The whole path over one file in memory: every exported function, parse, preview and texts, with
 // the promises that hold for any file checked on the way.
 
-#include <cstdint>
-#include <cstdlib>
 #include <cstring>
 
+#include "promises.h"
 #include "shim.h"
-#include "support/memory_stream.h"
 
 namespace {
 
-void Check(bool promise) {
-    if (!promise) std::abort();
-}
+using qmx::fuzz::Check;
 
 struct Listed {
     std::uint64_t digest = 0;
@@ -68,9 +64,7 @@ void AskForPicture(const wchar_t* path, UINT32 flag, UINT32 parsed, const std::u
     const UINT32 delivered = ExifGetExifInfoEx(path, &stream, &orientation, flag, &record);
     Check(delivered <= parsed && stream.references == 1);
     Check(!delivered || !stream.bytes.empty() || MayDeliverNothing(file, fileSize));
-    // Every delivered byte is backed by the file: a coded sample takes a bit at least, and a bitmap
-    // row pads at most three bytes.
-    Check(stream.bytes.size() <= fileSize * 8 + 58);
+    Check(stream.bytes.size() <= qmx::fuzz::MostPictureBytes(fileSize));
 }
 
 }  // namespace

@@ -1,0 +1,116 @@
+#include "support/raw_builder.h"
+#include "support/x3f_builder.h"
+#include "target_seeds.h"
+
+namespace qmx::fuzz {
+namespace {
+
+using test::operator+;
+using test::Bytes;
+using test::ByteWriter;
+using test::Order;
+using test::Samples;
+
+constexpr std::uint32_t kWidth = 60;
+constexpr std::uint32_t kHeight = 28;
+
+// What makes the form of the file, see rawdev_fuzz.h.
+Bytes FormHead(std::uint32_t width, std::uint32_t height, std::uint32_t bits) {
+    return ByteWriter(Order::kLittle).U8(width - 1).U8(height - 22).U8(bits - 8).U8(0).bytes;
+}
+
+void AddRawSeeds(TargetSeeds& seeds) {
+    const Samples twelve = test::SmoothSamples(kWidth, kHeight, 12);
+    const Bytes head = FormHead(kWidth, kHeight, 12);
+    for (std::uint32_t predictor = 1; predictor <= 7; ++predictor) {
+        const Bytes stream = test::WriteLosslessJpeg(
+            twelve, {.components = 1 + predictor % 2, .predictor = predictor});
+        seeds.push_back({"rawdev_jpeg_fuzz", {std::to_string(predictor), head + stream}});
+    }
+    seeds.push_back({"rawdev_paired_fuzz", {"12", head + test::WritePairedJpeg(twelve, 12)}});
+    // The height chooses the compression.
+    for (std::uint32_t i = 0; i < 4; ++i)
+        for (const std::uint32_t bits : {8u, 12u, 14u, 16u})
+            seeds.push_back(
+                {"rawdev_plain_fuzz",
+                 {std::to_string(i) + "-" + std::to_string(bits),
+                  FormHead(kWidth, kHeight + i, bits) +
+                      test::PackBits(test::SmoothSamples(kWidth, kHeight + i, bits), bits)}});
+    Samples blocks = test::SmoothSamples(56, 22, 12);
+    seeds.push_back(
+        {"rawdev_blocks_fuzz", {"56", FormHead(45, 22, 12) + test::PackBlocks(blocks)}});
+    const Bytes tile = test::WriteLosslessJpeg(test::SmoothSamples(24, 16, 12), {});
+    for (const std::uint32_t minor : {0u, 2u}) {
+        const Bytes table = {23, 15, 5, static_cast<std::uint8_t>(minor | 1)};
+        seeds.push_back(
+            {"rawdev_tiles_fuzz", {"jpeg-" + std::to_string(minor), head + table + tile}});
+    }
+    const Bytes packed = test::PackBits(test::SmoothSamples(24, 16, 12), 12);
+    seeds.push_back({"rawdev_tiles_fuzz", {"packed", head + Bytes{23, 15, 5, 2} + packed}});
+}
+
+// What makes the sections, see x3f_section_fuzz.cpp.
+void AddX3fSeeds(TargetSeeds& seeds) {
+    const Bytes pixels = {255, 1, 2, 3, 254, 2, 7, 8, 9, 7, 8, 200};
+    const Bytes coded = test::CodedPixels(2, 2, pixels);
+    const Bytes jpeg = test::JpegStream({}, 9, 9);
+    const auto add = [&](const char* name, Bytes head, const Bytes& data) {
+        seeds.push_back({"x3f_section_fuzz", {name, std::move(head) + data}});
+    };
+    add("plain", {0x3F, 2, 2, 0, 0, 0}, pixels);
+    add("coded", {0xFF, 2, 2, 0, 0, 0}, coded);
+    add("jpeg", {0xBF, 9, 9, 0, 0, 0}, jpeg);
+    add("adjusted", {0x3F, 2, 2, 0, 0, 1},
+        pixels + test::ExtendedHeader({"Auto"}, {1, 7, 8, 9}, {0.5f, 1, -1}));
+    const Bytes list = test::PropertyList({{"ISO", "100"},
+                                           {"SH_DESC", "1/180"},
+                                           {"TIME", "978309395"},
+                                           {"FLASH", "OFF"},
+                                           {"WB_DESC", "Auto"},
+                                           {"AEMODE", "8"},
+                                           {"PMODE", "A"},
+                                           {"FLENGTH", "24.2"}});
+    add("properties", {0x00, 2, 2, 0, 8, 0}, Bytes(list.begin() + 24, list.end()));
+}
+
+void AddPhotoshopSeeds(TargetSeeds& seeds) {
+    const Bytes stream = test::JpegStream({}, 160, 120);
+    const auto block = [](std::uint32_t id, std::uint32_t size, const Bytes& data) {
+        return ByteWriter(Order::kBig)
+            .Raw(test::FromText("8BIM"))
+            .U16(id)
+            .U16(0)
+            .U32(size)
+            .Raw(data)
+            .bytes;
+    };
+    const auto length = static_cast<std::uint32_t>(stream.size());
+    const Bytes thumbnail = ByteWriter(Order::kBig).U32(1).Pad(28).Raw(stream).bytes;
+    seeds.push_back({"photoshop_fuzz",
+                     {"blocks", block(1005, 4, Bytes(4)) + block(1036, length + 28, thumbnail) +
+                                    block(1036, 0xFFFFFFFF, thumbnail)}});
+}
+
+void AddScriptSeeds(TargetSeeds& seeds) {
+    seeds.push_back({"script_fuzz",
+                     {"class", test::FromText("HKCR { NoRemove CLSID { ForceRemove '{%APPID%}' = s "
+                                              "'It''s' { InprocServer32 = s '%MODULE%' { val "
+                                              "Threading = s 'Apartment' } } } }")}});
+    seeds.push_back(
+        {"script_fuzz",
+         {"all", test::FromText("HKLM\n{\n\tDelete Old\n\tNoRemove val N = d &HFF\n\tval "
+                                "'M' = d 0x10 K = d 7 }\nHKEY_CURRENT_USER { A { B } }")}});
+}
+
+}  // namespace
+
+TargetSeeds PartSeeds() {
+    TargetSeeds seeds;
+    AddRawSeeds(seeds);
+    AddX3fSeeds(seeds);
+    AddPhotoshopSeeds(seeds);
+    AddScriptSeeds(seeds);
+    return seeds;
+}
+
+}  // namespace qmx::fuzz
