@@ -27,6 +27,7 @@ bool SkipEntropyCodedData(ParseContext& ctx) {
         }
         ctx.cursor += code == 0xFF ? 1 : 2;
     }
+    SpendWork(ctx, static_cast<std::uint32_t>(ctx.viewBase + ctx.fileSize - from));
     ctx.cursor = ctx.viewBase + ctx.fileSize;
     return false;
 }
