@@ -2,8 +2,13 @@
 
 #include <string_view>
 
+#include "parse/core/cursor.h"
+
 namespace qmx {
 namespace {
+
+// What trying all tests costs, in bytes of directories.
+constexpr std::uint32_t kSearchWork = 48;
 
 enum class Case { kExact, kIgnored };
 
@@ -58,6 +63,7 @@ bool Passes(const MakeTest& test, std::string_view make) {
 }  // namespace
 
 void IdentifyMaker(ParseContext& ctx) {
+    SpendWork(ctx, kSearchWork);
     const std::string_view make = FieldText(ctx.info.cameraMake);
     for (const MakeTest& test : kTests) {
         if (!Passes(test, make)) continue;

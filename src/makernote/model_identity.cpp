@@ -1,9 +1,13 @@
 #include "makernote/model_identity.h"
 
 #include "makernote/model_rules.h"
+#include "parse/core/cursor.h"
 
 namespace qmx {
 namespace {
+
+// What trying the longest list of rules costs, in bytes of directories.
+constexpr std::uint32_t kSearchWork = 256;
 
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -63,6 +67,7 @@ void IdentifyModel(ParseContext& ctx) {
     info.modelId = 0;
     const auto rules = ModelRulesFor(static_cast<MakerId>(info.makerId));
     if (rules.empty()) return;
+    SpendWork(ctx, kSearchWork);
     const ModelKey<sizeof info.cameraModel> model(
         DropMakerName(FieldText(info.cameraModel), info.makerId));
     for (const ModelRule& rule : rules) {
