@@ -79,6 +79,7 @@ TEST(TimeBound, CostGrowsNoFasterThanTheFile) {
         }
         const double perMb = last / static_cast<double>(size) * 1024 * 1024;
         std::printf("%9.2f ms per MB  %s\n", perMb, worst.name.c_str());
+        std::fflush(stdout);
     }
 }
 

@@ -179,20 +179,16 @@ Bytes EqualProperties(std::size_t size) {
 // Rows of the longest codes that share their bytes.
 Bytes EqualRows(std::size_t size) {
     constexpr std::uint32_t kBits = 26;
-    const std::uint32_t columns = 1000;
-    const std::uint32_t rows = U32((size - 1024 - columns * 3 * kBits / 8) / 4);
-    const std::size_t most = (size - 1024 - std::size_t{rows} * 4) * 8 / 3 / columns;
-    const std::uint32_t shown = std::min(rows, U32(size * 8 / 3 / columns / 2));
-    static_cast<void>(most);
+    constexpr std::uint32_t kColumns = 1000;
+    // Nearly as many samples as the section has bits.
+    const std::uint32_t rows = U32((size - 1024) * 8 / 3 / kColumns);
     ByteWriter data(Order::kLittle);
     for (std::uint32_t d = 0; d < 256; ++d) data.U32(d == 0 ? kBits << 27 | 0x2AAAAAA : 0);
-    Bytes coded;
-    for (std::size_t i = 0; i < size; ++i) coded.push_back(0xAA);
-    data.Raw(coded);
-    for (std::uint32_t y = 0; y < shown; ++y) data.U32(0);
+    data.Raw(Bytes(size, 0xAA));
+    for (std::uint32_t y = 0; y < rows; ++y) data.U32(0);
     X3fBuilder file;
     return file.Section("PROP", PropertyList({{"CAMMANUF", "SIGMA"}}))
-        .Section("IMAG", ImageSection({2, 11, columns, shown, 0, data.bytes}))
+        .Section("IMAG", ImageSection({2, 11, kColumns, rows, 0, data.bytes}))
         .Build();
 }
 
@@ -293,7 +289,7 @@ void AddDirectories(std::vector<WorstFile>& files) {
                          file[8 + 2 + 12] = 34;
                          ByteWriter chain(Order::kLittle);
                          while (chain.bytes.size() + 40 < size)
-                             chain.U16(0).U32(U32(chain.bytes.size()) + 34 + 6);
+                             chain.U16(0).U32(U32(chain.bytes.size()) + 34 + 4);
                          return std::move(file) + chain.bytes;
                      }});
     files.push_back({"Exif directories", [](std::size_t size) {
