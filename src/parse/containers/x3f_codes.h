@@ -32,6 +32,10 @@ public:
         return bit;
     }
 
+    std::uint64_t BitsRead() const {
+        return std::uint64_t{position_} * 8 + static_cast<unsigned>(7 - shift_);
+    }
+
 private:
     std::span<const std::uint8_t> bytes_;
     std::size_t position_ = 0;

@@ -53,13 +53,13 @@ void FillPlainRows(const X3fImage& image, Data data, const BitmapLayout& layout,
 }
 
 // The code table, the coded rows, an offset for each of them.  A sample takes a bit at least, so
-// that rows which share their bytes cannot ask for more memory than the file's bytes are worth.
+// that no more memory is asked for than the file's bytes are worth.
 bool HasCodedRows(const X3fImage& image, Data data) {
     const std::uint64_t around = kX3fCodeTableBytes + std::uint64_t{kRowOffsetBytes} * image.rows;
     return data.size() > around && (data.size() - around) * 8 >= AreaOf(image) * 3;
 }
 
-bool FillCodedRow(const X3fCodes& codes, X3fBits bits, std::uint32_t columns, std::uint8_t* out) {
+bool FillCodedRow(const X3fCodes& codes, X3fBits& bits, std::uint32_t columns, std::uint8_t* out) {
     std::uint8_t sample[3] = {};  // red, green, blue
     for (std::uint32_t x = 0; x < columns; ++x, out += 3) {
         for (int channel = 0; channel < 3; ++channel) {
@@ -72,6 +72,7 @@ bool FillCodedRow(const X3fCodes& codes, X3fBits bits, std::uint32_t columns, st
     return true;
 }
 
+// Rows follow each other: together they read no more bits than there are.
 bool FillCodedRows(const X3fImage& image, Data data, const BitmapLayout& layout,
                    std::uint8_t* rows) {
     X3fCodes codes;
@@ -79,12 +80,14 @@ bool FillCodedRows(const X3fImage& image, Data data, const BitmapLayout& layout,
     const Data offsets = data.last(std::size_t{kRowOffsetBytes} * image.rows);
     const Data coded =
         data.subspan(kX3fCodeTableBytes, data.size() - kX3fCodeTableBytes - offsets.size());
+    std::uint64_t bitsLeft = std::uint64_t{coded.size()} * 8;
     for (std::uint32_t y = 0; y < image.rows; ++y) {
         const std::uint32_t offset = LoadU32(offsets.data() + std::size_t{kRowOffsetBytes} * y);
         if (offset > coded.size()) return false;
-        if (!FillCodedRow(codes, X3fBits(coded.subspan(offset)), image.columns,
-                          BottomUpRow(layout, rows, y)))
-            return false;
+        X3fBits bits(coded.subspan(offset));
+        if (!FillCodedRow(codes, bits, image.columns, BottomUpRow(layout, rows, y))) return false;
+        if (bits.BitsRead() > bitsLeft) return false;
+        bitsLeft -= bits.BitsRead();
     }
     return true;
 }
