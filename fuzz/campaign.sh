@@ -10,9 +10,13 @@
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/.." && pwd)
+# shellcheck source=../cmake/prepare.sh
 . "$root/cmake/prepare.sh"
 
-[ $# -ge 1 ] && [ "$1" -ge 0 ] 2>/dev/null || { sed -n '2,11s/^# \{0,1\}//p' "$0"; exit 2; }
+if ! [ "${1:--1}" -ge 0 ] 2>/dev/null; then
+    sed -n '2,10s/^# \{0,1\}//p' "$0"
+    exit 2
+fi
 minutes=$1
 shift
 
@@ -23,6 +27,7 @@ findings=$root/build/findings
 campaign=$root/build/campaign
 
 prepare_tests
+# shellcheck disable=SC2034
 missing=
 need llvm-cov llvm
 need llvm-profdata llvm
@@ -52,16 +57,18 @@ run_target() {
     echo $? >"$campaign/$name.status"
 }
 
+# The number of this name that the target's log ends with.
+statistic() { sed -n "s/^stat::$1: *//p" "$campaign/$2.log"; }
+
 print_table() {
-    local name statistic broken
+    local name broken
     printf '%-24s %12s %9s %8s  %s\n' target executions exec/s corpus findings
     for name in "$@"; do
-        statistic() { sed -n "s/^stat::$1: *//p" "$campaign/$name.log"; }
         broken=none
         [ "$(cat "$campaign/$name.status")" = 0 ] ||
             broken=$(grep -m1 -oE 'SUMMARY: .*|ERROR: .*' "$campaign/$name.log" | cut -c1-90)
-        printf '%-24s %12s %9s %8s  %s\n' "$name" "$(statistic number_of_executed_units)" \
-            "$(statistic average_exec_per_sec)" "$(find "$corpora/$name" -type f | wc -l)" "$broken"
+        printf '%-24s %12s %9s %8s  %s\n' "$name" "$(statistic number_of_executed_units "$name")" \
+            "$(statistic average_exec_per_sec "$name")" "$(find "$corpora/$name" -type f | wc -l)" "$broken"
     done
 }
 
@@ -69,12 +76,13 @@ print_table() {
 count_lines() {
     local name=$1
     shift
-    LLVM_PROFILE_FILE="$campaign/profiles/$name.profraw" nice -n 10 "$coverage_build/$name" "$@" \
-        >"$campaign/$name.coverage.log" 2>&1 </dev/null
+    QMX_SAMPLE=$root/tools/sample/sample.jpg LLVM_PROFILE_FILE=$campaign/profiles/$name.profraw \
+        nice -n 10 "$coverage_build/$name" "$@" >"$campaign/$name.coverage.log" 2>&1 </dev/null ||
+        say "$name failed, see $campaign/$name.coverage.log"
 }
 
 report_coverage() {
-    local name objects=() folder
+    local name objects=()
     rm -rf "$campaign/profiles"
     mkdir -p "$campaign/profiles"
     say "Counting lines"
@@ -114,6 +122,6 @@ if [ "$minutes" -gt 0 ]; then
     for name in "${targets[@]}"; do [ "$(cat "$campaign/$name.status")" = 0 ] || broken=1; done
 fi
 
-build host-cov
+build host-cov -- --target qmx_unit qmx_module qmx_bounds make_seeds fuzz_targets
 report_coverage || exit 1
 exit $broken
