@@ -153,11 +153,12 @@ TargetSeeds SectionSeeds(const std::vector<test::SeedFile>& files) {
         const ImageInfo info = test::Parse(file.bytes).info;
         const std::string target = MakerTarget(info.makerId, "section");
         if (target.empty()) continue;
+        // In the order of section_fuzz.cpp.
         const auto* whole = reinterpret_cast<const std::uint8_t*>(&info);
-        seeds.push_back(
-            {target,
-             {file.name, capacities + Bytes(info.makerFields, std::end(info.makerFields)) +
-                             Bytes(whole, whole + offsetof(ImageInfo, makerFields))}});
+        const std::uint8_t* area = info.makerFields;
+        const Bytes record = Bytes(area, area + kMakerFieldsSize) + Bytes(whole, area) +
+                             Bytes(whole + offsetof(ImageInfo, hasGps), whole + sizeof info);
+        seeds.push_back({target, {file.name, capacities + record}});
     }
     for (const Maker& maker : kMakers) {
         const std::string target = MakerTarget(maker.id, "section");

@@ -2,6 +2,7 @@
 // what stands in a record.  The input's first bytes are the texts' capacities.
 
 #include <cstring>
+#include <span>
 
 #include "promises.h"
 
@@ -11,26 +12,30 @@ using namespace qmx;
 
 constexpr std::size_t kHeadBytes = 2;
 
-// As it is in ImageInfo, where readers set one byte to 0 or 1.
-void Normalise(ImageInfo& info) {
-    info.makerId = QMX_FUZZ_MAKER;
-    info.hasMakerNote = 1;
-}
+struct Part {
+    std::size_t start, size;
+};
+
+// The maker's area first: it is what the target is for.
+constexpr std::size_t kBehind = offsetof(ImageInfo, hasGps);
+constexpr Part kParts[] = {{offsetof(ImageInfo, makerFields), kMakerFieldsSize},
+                           {0, offsetof(ImageInfo, makerFields)},
+                           {kBehind, sizeof(ImageInfo) - kBehind}};
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < kHeadBytes) return 0;
-    // The maker's area first: it is what the target is for.
+    std::span<const std::uint8_t> rest(data + kHeadBytes, size - kHeadBytes);
     ImageInfo info = {};
-    std::memcpy(info.makerFields, data + kHeadBytes,
-                std::min(size - kHeadBytes, sizeof info.makerFields));
-    if (size > kHeadBytes + sizeof info.makerFields) {
-        const std::size_t rest = size - kHeadBytes - sizeof info.makerFields;
-        std::memcpy(static_cast<void*>(&info), data + kHeadBytes + sizeof info.makerFields,
-                    std::min(rest, offsetof(ImageInfo, makerFields)));
+    for (const Part& part : kParts) {
+        const std::size_t length = std::min(rest.size(), part.size);
+        if (length == 0) break;
+        std::memcpy(reinterpret_cast<std::uint8_t*>(&info) + part.start, rest.data(), length);
+        rest = rest.subspan(length);
     }
-    Normalise(info);
+    info.makerId = QMX_FUZZ_MAKER;
+    info.hasMakerNote = 1;
     fuzz::WordRecord(info, 1 + data[0] * 4, 1 + data[1]);
     return 0;
 }
