@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
-#include <functional>
 
 #include "bounds/worst_files.h"
 #include "parse/containers/container.h"
@@ -19,14 +18,17 @@
 namespace qmx::test {
 namespace {
 
-constexpr std::size_t kSmallest = 64 * 1024;
+constexpr std::size_t kSmallest = 32 * 1024;
 constexpr int kSteps = 4;
 constexpr int kRuns = 3;
 
 // Generous, since a machine under load and the sanitizers are to pass too; what matters is that a
 // cost which grows with the square of the size would be eight times the linear one.
 constexpr double kMostGrowth = 2.5;
-constexpr double kUnsteadyMs = 3;  // differences below it say nothing
+constexpr double kMostMsPerMb = 2000;  // with both pictures, under the sanitizers
+constexpr double kUnsteadyMs = 3;      // differences below it say nothing
+constexpr double kSteadyMs = 100;      // from here on one run is enough
+constexpr double kHopelessMs = 2000;   // it will not get better
 
 double CpuMs() { return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
@@ -60,7 +62,7 @@ double MeasureMs(const WorstFile& worst, std::size_t size) {
         }
         const double spent = CpuMs() - start;
         best = run == 0 ? spent : std::min(best, spent);
-        if (spent > 1000) break;
+        if (spent > kSteadyMs) break;
     }
     return best * static_cast<double>(size) / static_cast<double>(file.size());
 }
@@ -75,9 +77,10 @@ TEST(TimeBound, CostGrowsNoFasterThanTheFile) {
             size *= 2;
             last = MeasureMs(worst, size);
             EXPECT_LE(last, first * (1 << step) * kMostGrowth + kUnsteadyMs) << size << " bytes";
-            if (HasFailure() && last > 2000) break;  // it will not get better
+            if (HasFailure() && last > kHopelessMs) break;
         }
         const double perMb = last / static_cast<double>(size) * 1024 * 1024;
+        EXPECT_LE(perMb, kMostMsPerMb);
         std::printf("%9.2f ms per MB  %s\n", perMb, worst.name.c_str());
         std::fflush(stdout);
     }

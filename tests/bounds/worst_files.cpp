@@ -335,13 +335,14 @@ void AddContainers(std::vector<WorstFile>& files) {
 
 Bytes RawOf(std::size_t size, const std::function<void(Tiff&, std::uint32_t end)>& last,
             std::size_t lastCount, std::uint32_t compression, const Bytes& data,
-            std::uint32_t width = 1024) {
+            std::uint32_t samplesPerByte = 1) {
     Tiff tiff;
     const std::size_t entries = 7 + lastCount;
     const std::uint32_t end = 8 + 2 + U32(kEntryBytes * (entries + 1)) + 4 + 1;
-    const std::uint32_t height = std::min(U32(size / width), 60000u);
+    constexpr std::uint32_t kWidth = 1024;
+    const std::uint32_t height = std::min(U32(size * samplesPerByte / kWidth), 60000u);
     tiff.Ifd("x", entries, [&](Tiff& t) {
-        t.Entry(256, kLong, 1, width).Entry(257, kLong, 1, height);
+        t.Entry(256, kLong, 1, kWidth).Entry(257, kLong, 1, height);
         t.Entry(258, kShort, 1, 12).Entry(259, kShort, 1, compression);
         t.Entry(277, kShort, 1, 1).Entry(273, kLong, 1, end).Entry(279, kLong, 1, size);
         last(t, end);
@@ -417,7 +418,7 @@ void AddRaws(std::vector<WorstFile>& files) {
                                  Samples{1024, 32, std::vector<std::uint16_t>(1024 * 32)},
                                  {.precision = precision});
                              return RawOf(
-                                 size, [](Tiff&, std::uint32_t) {}, 0, 7, stream, 60000);
+                                 size, [](Tiff&, std::uint32_t) {}, 0, 7, stream, 32);
                          },
                          true});
     add("raw, packed", [](std::size_t size) {

@@ -11,7 +11,7 @@ namespace qmx::test {
 
 struct WorstFile {
     std::string name;
-    // A file of roughly this many bytes, 64 KiB at least.
+    // A file of roughly this many bytes, 32 KiB at least.
     std::function<Bytes(std::size_t size)> build;
     bool isRaw = false;  // to be developed, else to be parsed
 };
