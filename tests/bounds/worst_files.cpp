@@ -200,7 +200,7 @@ Bytes Picture(std::string_view make, std::size_t size, std::uint32_t photometric
         t.Entry(0x0100, kLong, 1, width).Entry(0x0101, kLong, 1, height);
         t.Entry(0x0102, kShort, 1, 8).Entry(0x0103, kShort, 1, 1);
         t.Entry(0x0106, kShort, 1, photometric).Entry(0x0110, kAscii, 2, 'x');
-        t.Entry(0x0111, kLong, 1, 200).Entry(0x0117, kLong, 1, size - 200);
+        t.Entry(0x0111, kLong, 1, 200).Entry(0x0117, kLong, 1, size);
         t.Entry(0x011C, kShort, 1, 1);
     });
     return tiff.Padded(size + 200);
