@@ -18,7 +18,7 @@ def read_counts(lcov, source):
     for record in lcov.read_text().splitlines():
         kind, _, value = record.partition(":")
         if kind == "SF":
-            path = Path(value)
+            path = Path(value).resolve()
             path = path.relative_to(source).as_posix() if source in path.parents else None
         elif kind == "DA" and path is not None:
             line, count = value.split(",")[:2]
