@@ -29,20 +29,25 @@ public:
 // Whether the development came to its allocation number `index`.
 bool DevelopsWithout(long index, const SeedFile& seed, std::uint32_t shrinkLevel) {
     SinkStream stream;
+    std::uint32_t written = 0;
+    HRESULT error = S_OK;
+    bool hasFailed = false;
     const long before = LiveBlocks();
-    const FailingMemory failing(index);
     {
+        const FailingMemory failing(index);
         RawDecodeState state;
         state.file.data = seed.bytes.data();
         state.file.size = seed.bytes.size();
         state.highlightMode = shrinkLevel == 1 ? 3 : 0;
-        const std::uint32_t written = DevelopView(state, &stream, shrinkLevel);
-        EXPECT_EQ(written, failing.HasFailed() ? 0u : 1u);
-        EXPECT_EQ(state.error, failing.HasFailed() ? E_OUTOFMEMORY : S_OK);
+        written = DevelopView(state, &stream, shrinkLevel);
+        error = state.error;
+        hasFailed = failing.HasFailed();
     }
-    EXPECT_EQ(stream.seeks + stream.resizes + stream.writes, failing.HasFailed() ? 0 : 6);
     EXPECT_EQ(LiveBlocks(), before);
-    return failing.HasFailed();
+    EXPECT_EQ(written, hasFailed ? 0u : 1u);
+    EXPECT_EQ(error, hasFailed ? E_OUTOFMEMORY : S_OK);
+    EXPECT_EQ(stream.seeks + stream.resizes + stream.writes, hasFailed ? 0 : 6);
+    return hasFailed;
 }
 
 TEST(Allocation, FailuresInDevelopmentAreNamed) {
