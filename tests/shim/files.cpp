@@ -107,7 +107,8 @@ bool ReleaseView(const void* view) {
 
 #else
 
-// Sizes of the views that exist, found by their address.
+// Sizes of the views that exist, found by their address.  Several threads may view one buffer, so
+// that a slot belongs to whoever has set its address to `kTaken`.
 struct View {
     std::atomic<const void*> base;
     std::size_t size;  // 0: a buffer in memory, not mapped
@@ -115,6 +116,7 @@ struct View {
 
 constexpr std::size_t kViewCount = 1024;
 View views[kViewCount];
+const void* const kTaken = &views;
 
 std::size_t FirstSlot(const void* base) {
     return (reinterpret_cast<std::uintptr_t>(base) >> 12) % kViewCount;
@@ -124,8 +126,9 @@ bool RememberView(const void* base, std::size_t size) {
     for (std::size_t i = 0; i < kViewCount; ++i) {
         View& view = views[(FirstSlot(base) + i) % kViewCount];
         const void* none = nullptr;
-        if (!view.base.compare_exchange_strong(none, base, std::memory_order_acquire)) continue;
+        if (!view.base.compare_exchange_strong(none, kTaken, std::memory_order_acquire)) continue;
         view.size = size;
+        view.base.store(base, std::memory_order_release);
         return true;
     }
     return false;
@@ -146,7 +149,8 @@ void* MakeView(const File& file) {
 bool ReleaseView(const void* base) {
     for (std::size_t i = 0; i < kViewCount; ++i) {
         View& view = views[(FirstSlot(base) + i) % kViewCount];
-        if (view.base.load(std::memory_order_relaxed) != base) continue;
+        const void* found = base;
+        if (!view.base.compare_exchange_strong(found, kTaken, std::memory_order_acquire)) continue;
         const std::size_t size = view.size;
         view.base.store(nullptr, std::memory_order_release);  // the address may be used again
         return size == 0 || munmap(const_cast<void*>(base), size) == 0;

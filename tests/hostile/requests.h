@@ -1,0 +1,75 @@
+#pragma once
+// Every exported function on one file: what they answer, whether they keep what the header
+// promises, and how long they take.
+
+#include <array>
+#include <cstdint>
+
+#include "support/api.h"
+
+namespace qmx::hostile {
+
+// Digests of what each request returned and wrote; equal answers have equal digests.
+struct Answers {
+    std::array<std::uint64_t, 24> digests = {};
+    std::uint32_t count = 0;
+    // Of these, the first broken promise; null when all were kept.
+    const char* broken = nullptr;
+    bool parsed = false;     // there is metadata
+    bool delivered = false;  // and a small preview
+    // What each request took; those that may develop a raw file apart.
+    std::array<float, 24> milliseconds = {};
+    std::array<float, 24> developMilliseconds = {};
+};
+
+// Loads the library: on Windows the DLL that QMX_DLL names, else the one beside the program.
+void LoadLibraryUnderTest();
+
+// The name of the request with this place in `digests`.
+const char* NameOfRequest(std::size_t place);
+
+// Allocates nothing itself, so that whatever is still allocated afterwards is the library's.
+Answers AskEverything(const wchar_t* path);
+
+// A digest that takes 8 bytes at a time.
+class Digest {
+public:
+    void Add(const void* data, std::size_t size);
+    void Add(std::uint64_t number);
+    void AddText(const wchar_t* text);
+    std::uint64_t value = 0x9E3779B97F4A7C15u;
+};
+
+// Swallows what is written and keeps a digest of it.
+class DigestStream final : public IStream {
+public:
+    Digest digest;
+    std::uint64_t size = 0;
+    std::uint64_t position = 0;
+    LONG references = 1;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
+    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references); }
+    ULONG STDMETHODCALLTYPE Release() override { return static_cast<ULONG>(--references); }
+    HRESULT STDMETHODCALLTYPE Read(void*, ULONG, ULONG*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Write(const void* data, ULONG length, ULONG* written) override;
+    HRESULT STDMETHODCALLTYPE Seek(LARGE_INTEGER move, DWORD origin,
+                                   ULARGE_INTEGER* newPosition) override;
+    HRESULT STDMETHODCALLTYPE SetSize(ULARGE_INTEGER newSize) override;
+    HRESULT STDMETHODCALLTYPE CopyTo(IStream*, ULARGE_INTEGER, ULARGE_INTEGER*,
+                                     ULARGE_INTEGER*) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Commit(DWORD) override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE Revert() override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE LockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE UnlockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Stat(STATSTG*, DWORD) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Clone(IStream**) override { return E_NOTIMPL; }
+};
+
+}  // namespace qmx::hostile

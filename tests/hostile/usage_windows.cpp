@@ -1,0 +1,153 @@
+#ifdef _WIN32
+
+#include <qmxexif.h>
+
+#include <malloc.h>
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+#include "hostile/usage.h"
+#include "support/api.h"
+
+namespace qmx::hostile {
+namespace {
+
+thread_local std::int64_t live = 0;
+thread_local std::int64_t peak = 0;
+
+void* CountAllocated(void* block) {
+    if (block != nullptr) live += static_cast<std::int64_t>(_msize(block));
+    peak = std::max(peak, live);
+    return block;
+}
+void CountFreed(void* block) {
+    if (block != nullptr) live -= static_cast<std::int64_t>(_msize(block));
+}
+
+void* Allocate(std::size_t size) { return CountAllocated(std::malloc(size)); }
+void* AllocateZeroed(std::size_t count, std::size_t size) {
+    return CountAllocated(std::calloc(count, size));
+}
+void* Resize(void* block, std::size_t size) {
+    CountFreed(block);
+    void* moved = std::realloc(block, size);
+    CountAllocated(moved == nullptr && size != 0 ? block : moved);
+    return moved;
+}
+void Free(void* block) {
+    CountFreed(block);
+    std::free(block);
+}
+
+// What an import of this name is to call instead; null for all others.
+void* CounterOf(std::string_view name) {
+    if (name == "malloc") return reinterpret_cast<void*>(Allocate);
+    if (name == "calloc") return reinterpret_cast<void*>(AllocateZeroed);
+    if (name == "realloc") return reinterpret_cast<void*>(Resize);
+    if (name == "free") return reinterpret_cast<void*>(Free);
+    return nullptr;
+}
+
+// Puts the counters into the import table of a module, whose C library is the one of this program.
+void CountImports(HMODULE module) {
+    auto* base = reinterpret_cast<std::uint8_t*>(module);
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* nt = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+    const auto& directory = nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    const auto* row =
+        reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+    for (; row->Name != 0; ++row) {
+        if (lstrcmpiA(reinterpret_cast<const char*>(base + row->Name), "msvcrt.dll") != 0) continue;
+        const auto* name =
+            reinterpret_cast<const IMAGE_THUNK_DATA*>(base + row->OriginalFirstThunk);
+        auto* slot = reinterpret_cast<IMAGE_THUNK_DATA*>(base + row->FirstThunk);
+        for (; name->u1.AddressOfData != 0; ++name, ++slot) {
+            if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
+            const auto* import =
+                reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
+            void* counter = CounterOf(reinterpret_cast<const char*>(import->Name));
+            DWORD before = 0;
+            if (counter == nullptr || !VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &before))
+                continue;
+            slot->u1.Function = reinterpret_cast<ULONG_PTR>(counter);
+            VirtualProtect(slot, sizeof *slot, before, &before);
+        }
+    }
+}
+
+// An entry of the table of GDI handles that every process sees.
+struct GdiEntry {
+    std::uint64_t object;
+    std::uint16_t owner;  // the process
+    std::uint16_t unused;
+    std::uint16_t unique;
+    std::uint8_t type;
+    std::uint8_t flags;
+    std::uint64_t user;
+};
+constexpr std::size_t kGdiEntries = 65536;
+
+const GdiEntry* GdiTable() {
+    constexpr std::size_t kTableInPeb = 0xF8;
+    const auto* peb = reinterpret_cast<const std::uint8_t*>(__readgsqword(0x60));
+    const GdiEntry* table = nullptr;
+    std::memcpy(&table, peb + kTableInPeb, sizeof table);
+    return table;
+}
+
+}  // namespace
+
+// Wine counts none; a new handle is the lowest free one there, in steps of 4.
+std::int64_t CountHandles() {
+    DWORD count = 0;
+    if (GetProcessHandleCount(GetCurrentProcess(), &count) && count != 0) return count;
+    const HANDLE next = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    CloseHandle(next);
+    return static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(next) / 4);
+}
+
+// Wine answers GetGuiResources with 0.
+std::int64_t CountGdiObjects() {
+    const GdiEntry* table = GdiTable();
+    if (table == nullptr) return GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    return std::count_if(table, table + kGdiEntries,
+                         [](const GdiEntry& entry) { return entry.type != 0; });
+}
+
+std::int64_t CountHeapBytes() {
+    HANDLE heaps[64];
+    const DWORD count = std::min<DWORD>(GetProcessHeaps(64, heaps), 64);
+    std::int64_t bytes = 0;
+    for (DWORD i = 0; i < count; ++i) {
+        PROCESS_HEAP_ENTRY entry = {};
+        HeapLock(heaps[i]);
+        while (HeapWalk(heaps[i], &entry))
+            if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0)
+                bytes += static_cast<std::int64_t>(entry.cbData);
+        HeapUnlock(heaps[i]);
+    }
+    return bytes;
+}
+
+void StartCountingAllocations() {
+    HMODULE module = nullptr;
+    const auto* inside = reinterpret_cast<const wchar_t*>(test::Library().isExifFile);
+    GetModuleHandleExW(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        inside, &module);
+    if (module != nullptr) CountImports(module);
+}
+
+void ResetAllocations() {
+    live = 0;
+    peak = 0;
+}
+
+Allocations CurrentAllocations() { return {live, peak}; }
+
+}  // namespace qmx::hostile
+
+#endif
