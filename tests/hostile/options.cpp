@@ -25,6 +25,7 @@ constexpr char kUsage[] =
     "  --max-size BYTES   leave out larger files when truncating or mutating (65536)\n"
     "  --no-com           only the exports\n"
     "  --time-limit S     seconds after which a file counts as hanging (10)\n"
+    "  --seconds S        end the run after so long, with what has been done\n"
     "  --slow-ms N        report files that take longer, developments apart (50 in the release\n"
     "                     build, else 0: never)\n"
     "  --memory-mib N     report files that take more private memory beyond their size (16)\n";
@@ -46,6 +47,7 @@ std::optional<Options> ReadOptions(int argc, char** argv) {
         {"--max-size", [&](Text text) { options.maxSize = number(text); }},
         {"--time-limit",
          [&](Text text) { options.timeLimitSeconds = static_cast<double>(number(text)); }},
+        {"--seconds", [&](Text text) { options.seconds = static_cast<double>(number(text)); }},
         {"--slow-ms",
          [&](Text text) { options.slowMilliseconds = static_cast<double>(number(text)); }},
         {"--memory-mib",

@@ -14,8 +14,9 @@ struct Options {
     std::uint64_t mutants = 0;
     std::uint64_t seed = 0;
     bool objects = true;
-    double timeLimitSeconds = 10;                       // for all requests on one file
-    double slowMilliseconds = 0;                        // 0: no limit
+    double timeLimitSeconds = 10;  // for all requests on one file
+    double seconds = 0;            // after which no other hostile file is begun; 0: never
+    double slowMilliseconds = 0;   // 0: no limit
     std::int64_t memoryBytes = std::int64_t{16} << 20;  // beyond the file's own size
     std::uint64_t maxSize = 65536;                      // of files to truncate or mutate
     // What the parent tells its worker.

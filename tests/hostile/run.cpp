@@ -42,7 +42,10 @@ public:
     void Run() {
         if (!options_.fresh) WarmUp();
         const std::uint64_t hostile = work_.HostileCount();
+        const auto start = std::chrono::steady_clock::now();
         for (std::uint64_t i = options_.from; i < hostile + work_.SoundCount(); ++i) {
+            const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+            if (options_.seconds > 0 && taken.count() > options_.seconds) i = std::max(i, hostile);
             page_.item = i;
             if (i < hostile)
                 Check(work_.Hostile(i));
@@ -66,10 +69,11 @@ private:
         return answers;
     }
 
-    // Twice, for what the system loads and keeps when it is asked first.
+    // For what the system loads and keeps when it is asked first.
     void WarmUp() {
-        for (std::uint64_t i = 0; i < 2 * work_.SoundCount(); ++i) {
-            const Work::Item item = work_.Sound(i / 2);
+        for (std::uint64_t i = 0; i < work_.SoundCount(); ++i) {
+            if (fresh_[i].count == 0) continue;  // it was the end of the fresh process
+            const Work::Item item = work_.Sound(i);
             Begin(item);
             Ask(item.path);
         }
@@ -160,10 +164,11 @@ private:
     }
 
     void Compare(std::uint64_t number) {
+        Answers& fresh = fresh_[number];
+        if (!options_.fresh && fresh.count == 0) return;
         const Work::Item item = work_.Sound(number);
         Begin(item);
         const Answers answers = Ask(item.path);
-        Answers& fresh = fresh_[number];
         if (options_.fresh) fresh = answers;
         for (std::size_t i = 0; i < answers.count; ++i)
             if (answers.digests[i] != fresh.digests[i])
@@ -208,6 +213,7 @@ public:
             page_.AddFinding(hung ? "time-out" : "fault",
                              atEnd ? "the end of the worker" : page_.file, hung ? "" : detail);
             std::fprintf(stderr, "%s: %s\n", hung ? "time-out" : "fault", page_.file);
+            if (page_.findingCount >= Page::kMaxFindings) return;
             from = page_.item + 1;
         }
     }
@@ -278,7 +284,8 @@ int Report(const Options& options, const Work& work, const Page& page) {
         std::printf("%s: %s: %s\n", page.findings[i].kind, page.findings[i].file,
                     page.findings[i].detail);
     std::printf("%llu findings\n", static_cast<unsigned long long>(page.findingCount));
-    return page.findingCount == 0 && page.files == work.HostileCount() ? 0 : 1;
+    const bool complete = options.seconds > 0 || page.files == work.HostileCount();
+    return page.findingCount == 0 && page.files != 0 && complete ? 0 : 1;
 }
 
 int RunParent(const Options& options, char** argv) {
