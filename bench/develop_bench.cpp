@@ -70,7 +70,7 @@ public:
         Put16(0);  // entries, known at the end
     }
     void Put16(std::uint32_t value) {
-        for (const std::uint32_t shift : {bigEndian_ ? 8 : 0, bigEndian_ ? 0 : 8})
+        for (const int shift : {bigEndian_ ? 8 : 0, bigEndian_ ? 0 : 8})
             bytes_.push_back(static_cast<std::uint8_t>(value >> shift));
     }
     void Put32(std::uint32_t value) {

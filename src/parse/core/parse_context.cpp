@@ -1,5 +1,6 @@
 #include "parse/core/parse_context.h"
 
+#include <algorithm>
 #include <new>
 
 namespace qmx {
@@ -7,6 +8,10 @@ namespace {
 
 // Room for honest files smaller than a handful of directories whose values overlap.
 constexpr std::int64_t kWorkFloor = 4096;
+
+// Far more than the directories of any honest file; keeps hostile ones of any size to a few
+// milliseconds.
+constexpr std::int64_t kMostWork = 16 << 20;
 
 }  // namespace
 
@@ -26,7 +31,7 @@ void ResetParse(ParseContext& ctx) {
     ctx.isJpegContainer = 0;
     ::new (static_cast<void*>(&ctx.info)) ImageInfo{};
     ctx.readEnd = ctx.viewBase + ctx.fileSize;
-    ctx.workLeft = ctx.fileSize + kWorkFloor;
+    ctx.workLeft = std::min(ctx.fileSize, kMostWork) + kWorkFloor;
     ctx.ifdDepth = 0;
 }
 
