@@ -8,59 +8,87 @@
 
 namespace browser {
 
+namespace {
+
+class LockScope {
+public:
+    explicit LockScope(SRWLOCK& target) : lock(target) { AcquireSRWLockExclusive(&lock); }
+    ~LockScope() { ReleaseSRWLockExclusive(&lock); }
+    LockScope(const LockScope&) = delete;
+    LockScope& operator=(const LockScope&) = delete;
+
+private:
+    SRWLOCK& lock;
+};
+
+}  // namespace
+
 unsigned Background::WorkerCount() {
     return std::clamp(std::thread::hardware_concurrency(), 2u, 8u);
 }
 
 Background::Background(HWND target, UINT messageId) : window(target), message(messageId) {
-    for (unsigned i = 0; i < WorkerCount(); ++i) {
-        workers.emplace_back([this](std::stop_token stop) { Work(std::move(stop)); });
+    for (unsigned i = 0; i < WorkerCount(); ++i) workers.emplace_back([this] { Work(); });
+}
+
+Background::~Background() {
+    {
+        const LockScope scope(lock);
+        isEnding = true;
     }
+    WakeAllConditionVariable(&wake);
+    for (std::thread& worker : workers) worker.join();
 }
 
 void Background::Insert(Job job, bool first) {
     {
-        const std::lock_guard lock(mutex);
+        const LockScope scope(lock);
         jobs.insert(first ? jobs.begin() : jobs.end(), std::move(job));
     }
-    wake.notify_one();
+    WakeConditionVariable(&wake);
 }
 
 void Background::Cancel() {
-    const std::lock_guard lock(mutex);
+    const LockScope scope(lock);
     jobs.clear();
     ++round;
 }
 
-void Background::Work(std::stop_token stop) {
+// Waits for a job; false when there will be none any more.
+bool Background::TakeJob(Job& job, unsigned& begun) {
+    const LockScope scope(lock);
+    while (jobs.empty() && !isEnding) SleepConditionVariableSRW(&wake, &lock, INFINITE, 0);
+    if (isEnding) return false;
+    job = std::move(jobs.front());
+    jobs.pop_front();
+    begun = round;
+    return true;
+}
+
+void Background::AddResult(unsigned begun, Finish finish) {
+    const LockScope scope(lock);
+    done.push_back({begun, std::move(finish)});
+    if (done.size() == 1) PostMessageW(window, message, 0, 0);
+}
+
+void Background::Work() {
     // Windows' picture decoders are COM objects.
     const HRESULT com = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-    std::unique_lock lock(mutex);
-    while (wake.wait(lock, stop, [this] { return !jobs.empty(); }) && !stop.stop_requested()) {
-        Job job = std::move(jobs.front());
-        jobs.pop_front();
-        const unsigned begun = round;
-        lock.unlock();
-        Finish finish;
+    Job job;
+    for (unsigned begun = 0; TakeJob(job, begun); job = nullptr) {
         try {
-            finish = job();
+            if (Finish finish = job()) AddResult(begun, std::move(finish));
         } catch (const std::exception&) {
             // Want of memory: the job has no result.
         }
-        job = nullptr;
-        lock.lock();
-        if (!finish) continue;
-        done.push_back({begun, std::move(finish)});
-        if (done.size() == 1) PostMessageW(window, message, 0, 0);
     }
-    lock.unlock();
     if (SUCCEEDED(com)) CoUninitialize();
 }
 
 void Background::RunFinished() {
     std::vector<Done> ready;
     {
-        const std::lock_guard lock(mutex);
+        const LockScope scope(lock);
         ready.swap(done);
     }
     for (const Done& item : ready) {

@@ -3,11 +3,8 @@
 
 #include <windows.h>
 
-#include <condition_variable>
 #include <deque>
 #include <functional>
-#include <mutex>
-#include <stop_token>
 #include <thread>
 #include <vector>
 
@@ -24,7 +21,9 @@ public:
     Background(HWND window, UINT message);
 
     // Ends the workers; what has not begun is left out.
-    ~Background() = default;
+    ~Background();
+    Background(const Background&) = delete;
+    Background& operator=(const Background&) = delete;
 
     static unsigned WorkerCount();
 
@@ -43,16 +42,20 @@ private:
     };
 
     void Insert(Job job, bool first);
-    void Work(std::stop_token stop);
+    void Work();
+    bool TakeJob(Job& job, unsigned& begun);
+    void AddResult(unsigned begun, Finish finish);
 
     const HWND window;
     const UINT message;
-    std::mutex mutex;
-    std::condition_variable_any wake;
+    SRWLOCK lock = SRWLOCK_INIT;  // guards what follows
+    CONDITION_VARIABLE wake = CONDITION_VARIABLE_INIT;
     std::deque<Job> jobs;
     std::vector<Done> done;
-    unsigned round = 0;                // counts the cancellations
-    std::vector<std::jthread> workers;  // last: they end before what they use
+    unsigned round = 0;  // counts the cancellations
+    bool isEnding = false;
+
+    std::vector<std::thread> workers;
 };
 
 }  // namespace browser

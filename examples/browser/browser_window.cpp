@@ -277,8 +277,8 @@ void BrowserWindow::SetStatus(const std::wstring& text) const {
 
 void BrowserWindow::ApplyDpi() {
     Font newFont = MakeFont(dpi, false);
-    for (const HWND child : {tree.Window(), photos.Window(), details.Description(), details.Rows(),
-                             status}) {
+    for (const HWND child :
+         {tree.Window(), photos.Window(), details.Description(), details.Rows(), status}) {
         SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(newFont.get()), TRUE);
     }
     font = std::move(newFont);  // the old one is let go when nobody uses it any more
@@ -296,7 +296,7 @@ void BrowserWindow::Arrange() const {
     const int height = (std::max)(area.bottom - (bar.bottom - bar.top), 0L);
     const int photosLeft = treeWidth + gap;
     const int detailsLeft = (std::max)(static_cast<int>(area.right) - detailsWidth, photosLeft);
-    const int descriptionHeight = height / 3;
+    const int descriptionHeight = height / 4;
     const struct {
         HWND pane;
         int left, top, width, height;

@@ -9,9 +9,8 @@ namespace browser {
 namespace {
 
 HWND CreateChild(HWND parent, int id, const wchar_t* kind, DWORD style) {
-    return CreateWindowExW(WS_EX_CLIENTEDGE, kind, L"",
-                           WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, 0, 0, 0, 0, parent,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+    return CreateWindowExW(WS_EX_CLIENTEDGE, kind, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | style,
+                           0, 0, 0, 0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                            GetModuleHandleW(nullptr), nullptr);
 }
 
@@ -39,8 +38,8 @@ DetailsView::DetailsView(HWND parent, int descriptionId, int rowsId)
                               ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL)),
       rows(CreateChild(parent, rowsId, WC_LISTVIEWW,
                        LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER)) {
-    ListView_SetExtendedListViewStyle(
-        rows, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
+    ListView_SetExtendedListViewStyle(rows,
+                                      LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
     LVCOLUMNW column = {};
     column.mask = LVCF_TEXT;
     int at = 0;

@@ -24,10 +24,9 @@ int FolderIcon(HIMAGELIST& icons) {
 
 FolderTree::FolderTree(HWND parent, int id) {
     window = CreateWindowExW(WS_EX_CLIENTEDGE, WC_TREEVIEWW, L"",
-                             WS_CHILD | WS_VISIBLE | WS_TABSTOP | TVS_HASBUTTONS |
-                                 TVS_LINESATROOT | TVS_SHOWSELALWAYS | TVS_HASLINES,
-                             0, 0, 0, 0, parent,
-                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                             WS_CHILD | WS_VISIBLE | WS_TABSTOP | TVS_HASBUTTONS | TVS_LINESATROOT |
+                                 TVS_SHOWSELALWAYS | TVS_HASLINES,
+                             0, 0, 0, 0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                              GetModuleHandleW(nullptr), nullptr);
     HIMAGELIST icons = nullptr;
     FolderIcon(icons);
@@ -45,8 +44,7 @@ HTREEITEM FolderTree::Add(HTREEITEM parent, const std::wstring& name) {
     TVINSERTSTRUCTW insert = {};
     insert.hParent = parent;
     insert.hInsertAfter = TVI_LAST;
-    insert.item.mask =
-        TVIF_TEXT | TVIF_CHILDREN | TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+    insert.item.mask = TVIF_TEXT | TVIF_CHILDREN | TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE;
     insert.item.pszText = const_cast<wchar_t*>(name.c_str());
     insert.item.cChildren = 1;  // supposed until it is opened
     insert.item.lParam = kUnread;
@@ -88,8 +86,7 @@ std::wstring FolderTree::PathOf(HTREEITEM item) const {
 }
 
 HTREEITEM FolderTree::FindChild(HTREEITEM parent, std::wstring_view name) const {
-    HTREEITEM item =
-        parent ? TreeView_GetChild(window, parent) : TreeView_GetRoot(window);
+    HTREEITEM item = parent ? TreeView_GetChild(window, parent) : TreeView_GetRoot(window);
     for (; item; item = TreeView_GetNextSibling(window, item)) {
         if (CompareStringOrdinal(NameOf(item).c_str(), -1, name.data(),
                                  static_cast<int>(name.size()), TRUE) == CSTR_EQUAL) {

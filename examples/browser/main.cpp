@@ -3,8 +3,8 @@
 //     browser [FOLDER|FILE]
 //     browser --check FOLDER    shows nothing, prints counts and ends
 //
-// Where to look: photo.cpp calls the library, background.cpp gives the work to threads, photo_list.cpp
-// asks for the thumbnails that are in view, picture.cpp decodes and turns them.
+// Where to look: photo.cpp calls the library, background.cpp gives the work to threads,
+// photo_list.cpp asks for the thumbnails that are in view, picture.cpp decodes and turns them.
 #include <windows.h>
 
 #include <commctrl.h>

@@ -59,14 +59,14 @@ INT_PTR CALLBACK OnRow(UINT32 kind, const WCHAR* label, const WCHAR* value, INT_
 
 }  // namespace
 
-Thumbnail ReadThumbnail(const std::wstring& path, int edge, COLORREF paper) {
+Thumbnail ReadThumbnail(const std::wstring& path, int edge) {
     Thumbnail thumbnail;
     UINT32 orientation = 1;
     wchar_t texts[QMXEXIF_TEXT_BUFFER_LENGTH] = {};
     const ComPtr<IStream> stream = MakeMemoryStream();
     if (stream && ExifGetThumbnailImage(path.c_str(), stream.Get(), &orientation, 0, texts,
                                         QMXEXIF_TEXT_BUFFER_LENGTH)) {
-        thumbnail.bitmap = DecodeUpright(stream.Get(), orientation, edge, paper);
+        thumbnail.bitmap = DecodeUpright(stream.Get(), orientation, edge);
     } else {
         // Without a preview there may still be texts and an orientation.
         ExifGetThumbnailImage(path.c_str(), nullptr, &orientation, 0, texts,
@@ -75,7 +75,7 @@ Thumbnail ReadThumbnail(const std::wstring& path, int edge, COLORREF paper) {
     thumbnail.summary = JoinTexts(texts);
     // Many JPEG files, edited ones above all, hold no preview but are small enough themselves.
     if (!thumbnail.bitmap && IsPlainPicture(path)) {
-        thumbnail.bitmap = DecodeUpright(path, orientation, edge, paper);
+        thumbnail.bitmap = DecodeUpright(path, orientation, edge);
     }
     return thumbnail;
 }

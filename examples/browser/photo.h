@@ -9,11 +9,11 @@
 namespace browser {
 
 struct Thumbnail {
-    Bitmap bitmap;        // empty when there is no picture to be had
+    Bitmap bitmap;         // empty when there is no picture to be had
     std::wstring summary;  // the one-line summary and the description, or empty
 };
 
-Thumbnail ReadThumbnail(const std::wstring& path, int edge, COLORREF paper);
+Thumbnail ReadThumbnail(const std::wstring& path, int edge);
 
 struct DetailRow {
     bool isHeading;

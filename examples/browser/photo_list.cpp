@@ -25,8 +25,6 @@ constexpr int kMinImages = 96;
 // Also keeps the workers busy while a result is on its way.
 unsigned MaxRunning() { return Background::WorkerCount() * 2; }
 
-COLORREF Paper() { return GetSysColor(COLOR_WINDOW); }
-
 // A square of the window's colour with a frame in its middle and words in that.
 Bitmap DrawPlaceholder(int edge, const wchar_t* words, HFONT font) {
     const HDC screen = GetDC(nullptr);
@@ -55,8 +53,7 @@ PhotoList::PhotoList(HWND parent, int id, Background& work) : background(work) {
                              WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_ICON | LVS_OWNERDATA |
                                  LVS_AUTOARRANGE | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
                                  LVS_SHAREIMAGELISTS,
-                             0, 0, 0, 0, parent,
-                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                             0, 0, 0, 0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                              GetModuleHandleW(nullptr), nullptr);
     ListView_SetExtendedListViewStyle(window, LVS_EX_DOUBLEBUFFER | LVS_EX_INFOTIP);
 }
@@ -104,8 +101,8 @@ std::wstring PhotoList::PathOf(int index) const { return JoinPath(folder, At(ind
 
 int PhotoList::Find(std::wstring_view name) const {
     for (int i = 0; i < Count(); ++i) {
-        if (CompareStringOrdinal(At(i).name.c_str(), -1, name.data(),
-                                 static_cast<int>(name.size()), TRUE) == CSTR_EQUAL) {
+        if (CompareStringOrdinal(At(i).name.c_str(), -1, name.data(), static_cast<int>(name.size()),
+                                 TRUE) == CSTR_EQUAL) {
             return i;
         }
     }
@@ -173,10 +170,10 @@ int PhotoList::ImageOf(int index) {
 
 void PhotoList::Start(int index) {
     ++running;
-    background.Add([this, index, path = PathOf(index), size = edge, paper = Paper()]() -> Finish {
+    background.Add([this, index, path = PathOf(index), size = edge]() -> Finish {
         Thumbnail thumbnail;
         try {
-            thumbnail = ReadThumbnail(path, size, paper);
+            thumbnail = ReadThumbnail(path, size);
         } catch (const std::bad_alloc&) {
             thumbnail = {};  // the photo stays without a picture
         }

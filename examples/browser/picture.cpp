@@ -15,7 +15,7 @@ using Microsoft::WRL::ComPtr;
 // Some codecs unpack the whole picture before they scale it: nothing larger is asked of them.
 constexpr std::uint64_t kMaxPixels = 150'000'000;
 
-// Image lists with 32 bits per pixel take the highest byte for alpha.
+// The highest byte is alpha; new bitmaps are transparent.
 constexpr std::uint32_t kOpaque = 0xFF000000;
 
 struct Pixels {
@@ -60,7 +60,7 @@ bool CopyScaled(IWICImagingFactory* factory, IWICBitmapSource* source, UINT edge
     pixels.colours.resize(std::size_t{size.width} * size.height);
     const UINT rowBytes = size.width * 4;
     return SUCCEEDED(scaler->CopyPixels(nullptr, rowBytes, rowBytes * size.height,
-                                           reinterpret_cast<BYTE*>(pixels.colours.data())));
+                                        reinterpret_cast<BYTE*>(pixels.colours.data())));
 }
 
 // Where the upright picture's pixel (x, y) stands in the stored one.
@@ -81,7 +81,7 @@ std::uint32_t PixelAt(const Pixels& stored, UINT32 orientation, int x, int y) {
                           static_cast<std::size_t>(column)];
 }
 
-Bitmap LayUpright(const Pixels& stored, UINT32 orientation, int edge, COLORREF paper) {
+Bitmap LayUpright(const Pixels& stored, UINT32 orientation, int edge) {
     BITMAPINFO info = {};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = edge;
@@ -93,11 +93,6 @@ Bitmap LayUpright(const Pixels& stored, UINT32 orientation, int edge, COLORREF p
                   BitmapDeleter());
     if (!bitmap) return {};
     auto* out = static_cast<std::uint32_t*>(bits);
-    const std::uint32_t blank =
-        static_cast<std::uint32_t>(GetRValue(paper) << 16 | GetGValue(paper) << 8 |
-                                   GetBValue(paper)) |
-        kOpaque;
-    std::fill_n(out, static_cast<std::size_t>(edge) * static_cast<std::size_t>(edge), blank);
     const bool isTurned = orientation >= 5 && orientation <= 8;
     const int width = isTurned ? stored.height : stored.width;
     const int height = isTurned ? stored.width : stored.height;
@@ -112,7 +107,7 @@ Bitmap LayUpright(const Pixels& stored, UINT32 orientation, int edge, COLORREF p
 
 // `open` makes the decoder from the factory.
 template <class Open>
-Bitmap Decode(Open open, UINT32 orientation, int edge, COLORREF paper) {
+Bitmap Decode(Open open, UINT32 orientation, int edge) {
     ComPtr<IWICImagingFactory> factory;
     ComPtr<IWICBitmapDecoder> decoder;
     ComPtr<IWICBitmapFrameDecode> frame;
@@ -123,25 +118,25 @@ Bitmap Decode(Open open, UINT32 orientation, int edge, COLORREF paper) {
         !CopyScaled(factory.Get(), frame.Get(), static_cast<UINT>(edge), pixels)) {
         return {};
     }
-    return LayUpright(pixels, orientation, edge, paper);
+    return LayUpright(pixels, orientation, edge);
 }
 
 }  // namespace
 
-Bitmap DecodeUpright(IStream* stream, UINT32 orientation, int edge, COLORREF paper) {
+Bitmap DecodeUpright(IStream* stream, UINT32 orientation, int edge) {
     const auto open = [&](IWICImagingFactory* factory, IWICBitmapDecoder** decoder) {
         return factory->CreateDecoderFromStream(stream, nullptr, WICDecodeMetadataCacheOnDemand,
                                                 decoder);
     };
-    return Decode(open, orientation, edge, paper);
+    return Decode(open, orientation, edge);
 }
 
-Bitmap DecodeUpright(const std::wstring& path, UINT32 orientation, int edge, COLORREF paper) {
+Bitmap DecodeUpright(const std::wstring& path, UINT32 orientation, int edge) {
     const auto open = [&](IWICImagingFactory* factory, IWICBitmapDecoder** decoder) {
         return factory->CreateDecoderFromFilename(path.c_str(), nullptr, GENERIC_READ,
                                                   WICDecodeMetadataCacheOnDemand, decoder);
     };
-    return Decode(open, orientation, edge, paper);
+    return Decode(open, orientation, edge);
 }
 
 }  // namespace browser

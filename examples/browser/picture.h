@@ -16,12 +16,12 @@ struct BitmapDeleter {
 // Shared, so that the results of jobs can be copied.
 using Bitmap = std::shared_ptr<HBITMAP__>;
 
-// A square of `edge` pixels in the colour `paper`, which the picture, never enlarged, lies in the
-// middle of.  `orientation` is the Exif code; anything but 2..8 leaves the picture as it is.
+// A transparent square of `edge` pixels with the picture, never enlarged, in its middle.
+// `orientation` is the Exif code; anything but 2..8 leaves the picture as it is.
 // Empty when the bytes are no picture that can be decoded.
-Bitmap DecodeUpright(IStream* stream, UINT32 orientation, int edge, COLORREF paper);
+Bitmap DecodeUpright(IStream* stream, UINT32 orientation, int edge);
 
 // The same for a picture file without a preview.
-Bitmap DecodeUpright(const std::wstring& path, UINT32 orientation, int edge, COLORREF paper);
+Bitmap DecodeUpright(const std::wstring& path, UINT32 orientation, int edge);
 
 }  // namespace browser

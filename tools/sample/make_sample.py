@@ -2,6 +2,7 @@
 """Makes sample.jpg: a painted picture with the metadata of a camera file.
 
     python3 make_sample.py [OUT]        (Debian package: python3-pil)
+    python3 make_sample.py --set FOLDER  small photos of several cameras, hours and orientations
 
 The file holds what the library shows: Exif, a Panasonic MakerNote, a GPS position and an embedded
 thumbnail.  The layout is that of Exif 2.3 (CIPA DC-008): APP1 directly behind the start-of-image
@@ -12,6 +13,7 @@ import io
 import struct
 import sys
 from pathlib import Path
+from typing import NamedTuple
 
 from PIL import Image
 
@@ -175,16 +177,16 @@ CAMERA = [
 ]
 
 
-def write_tiff(thumbnail):
+def write_tiff(thumbnail, camera_rows=CAMERA, shot_rows=SHOT):
     """Header, camera directory, then Exif, GPS and thumbnail directories and the thumbnail."""
     start = len(TIFF_HEADER)
 
     def camera(exif, gps, following):
         pointers = [(0x8769, LONG, exif), (0x8825, LONG, gps)]
-        return write_directory(start, CAMERA + pointers, following)
+        return write_directory(start, camera_rows + pointers, following)
 
     exif_at = start + len(camera(0, 0, 0))
-    exif = write_directory(exif_at, SHOT)
+    exif = write_directory(exif_at, shot_rows)
     gps_at = exif_at + len(exif)
     gps = write_directory(gps_at, PLACE)
     preview_at = gps_at + len(gps)
@@ -222,15 +224,105 @@ def segment(marker, content):
     return bytes((0xFF, marker)) + struct.pack(">H", len(content) + 2) + content
 
 
-def main():
-    target = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).with_name("sample.jpg")
-    picture = scene.paint()
-    thumbnail = plain_jpeg(picture.resize(THUMBNAIL_SIZE, Image.Resampling.LANCZOS),
+def write_photo(target, picture, thumbnail_size, camera_rows=CAMERA, shot_rows=SHOT):
+    thumbnail = plain_jpeg(picture.resize(thumbnail_size, Image.Resampling.LANCZOS),
                            THUMBNAIL_QUALITY)
     jpeg = plain_jpeg(picture, QUALITY)
-    exif = segment(0xE1, b"Exif\0\0" + write_tiff(thumbnail))
+    exif = segment(0xE1, b"Exif\0\0" + write_tiff(thumbnail, camera_rows, shot_rows))
     target.write_bytes(jpeg[:2] + exif + jpeg[2:])
     print(f"{target}: {target.stat().st_size // 1000} kB")
+
+
+class View(NamedTuple):
+    """One photo of the set: a part of the scene, in some light, taken with some camera."""
+    name: str
+    light: scene.Light
+    box: tuple            # left, top, right, bottom of the scene
+    make: str
+    model: str
+    taken: str
+    exposure: tuple       # seconds, as a fraction
+    f_number: int         # tenths
+    iso: int
+    focal_length: int     # mm
+    orientation: int = 1
+
+
+WHOLE, TALL, PEAK = (0, 0, 1600, 1067), (640, 60, 1280, 1020), (660, 120, 1260, 520)
+SHORE, LEFT, RIGHT = (780, 500, 1500, 980), (0, 107, 960, 747), (800, 200, 1600, 733)
+SET = [
+    View("夕暮れの湖", scene.DUSK, WHOLE, "Panasonic", "DMC-GX7", "2013:10:19 17:17:42",
+         (1, 60), 56, 400, 14),
+    View("朝の富士", scene.DAWN, PEAK, "Canon", "Canon EOS 70D", "2013:10:20 06:02:11",
+         (1, 125), 80, 200, 85),
+    View("縦位置の富士", scene.NOON, TALL, "NIKON CORPORATION", "NIKON D7100",
+         "2013:10:20 11:40:05", (1, 500), 71, 100, 50, 8),
+    View("正午の湖", scene.NOON, WHOLE, "SONY", "ILCE-7", "2013:10:20 12:03:56",
+         (1, 640), 80, 100, 28),
+    View("紅葉の岸", scene.AUTUMN, RIGHT, "FUJIFILM", "X-E2", "2013:10:20 14:21:30",
+         (1, 240), 56, 200, 35),
+    View("もみの木", scene.AUTUMN, (0, 300, 480, 1020), "OLYMPUS IMAGING CORP.", "E-M1",
+         "2013:10:20 14:35:19", (1, 200), 40, 200, 40, 6),
+    View("岸の灯", scene.DUSK, SHORE, "PENTAX", "PENTAX K-3", "2013:10:20 17:31:08",
+         (1, 15), 35, 1600, 70),
+    View("逆さの富士", scene.DAWN, LEFT, "RICOH IMAGING COMPANY, LTD.", "GR",
+         "2013:10:21 06:10:44", (1, 90), 63, 160, 18, 3),
+    View("夜の湖", scene.NIGHT, WHOLE, "Canon", "Canon EOS 6D", "2013:10:21 19:48:00",
+         (8, 1), 40, 3200, 24),
+    View("夜の縦位置", scene.NIGHT, TALL, "SONY", "DSC-RX100M2", "2013:10:21 19:55:27",
+         (4, 1), 28, 1600, 11, 6),
+]
+
+# How the upright picture is stored so that the orientation's turn makes it upright again.
+STORED = {3: Image.Transpose.ROTATE_180, 6: Image.Transpose.ROTATE_90,
+          8: Image.Transpose.ROTATE_270}
+LONG_SIDE, THUMBNAIL_LONG_SIDE = 640, 160
+
+
+def changed(rows, changes, without=()):
+    """The rows with other values, in part without the first camera's own tags."""
+    return [(tag, kind, changes.get(tag, value)) for tag, kind, value in rows
+            if tag not in without]
+
+
+def fit(size, longer):
+    return tuple(round(side * longer / max(size)) for side in size)
+
+
+def write_view(folder, view, picture):
+    picture = picture.crop(view.box)
+    if view.orientation in STORED:
+        picture = picture.transpose(STORED[view.orientation])
+    picture = picture.resize(fit(picture.size, LONG_SIDE), Image.Resampling.LANCZOS)
+    camera_rows = changed(CAMERA, {0x010F: view.make, 0x0110: view.model,
+                                   0x0112: view.orientation, 0x0132: view.taken})
+    # The lens and the maker's note belong to the first camera; tags from the distances and
+    # brightness of that shot would contradict these ones.
+    own = () if view.make == "Panasonic" else (
+        0x9201, 0x9202, 0x9203, 0x9205, 0x9206, 0x927C, 0xA404, 0xA405, 0xA432, 0xA434)
+    shot_rows = changed(SHOT, {
+        0x829A: view.exposure, 0x829D: (view.f_number, 10), 0x8827: view.iso,
+        0x9003: view.taken, 0x9004: view.taken, 0x920A: (view.focal_length, 1),
+        0xA002: picture.width, 0xA003: picture.height}, own)
+    write_photo(folder / f"{view.name}.jpg", picture, fit(picture.size, THUMBNAIL_LONG_SIDE),
+                camera_rows, shot_rows)
+
+
+def write_set(folder):
+    folder.mkdir(parents=True, exist_ok=True)
+    for light in {view.light: None for view in SET}:
+        picture = scene.paint(light)
+        for view in SET:
+            if view.light is light:
+                write_view(folder, view, picture)
+
+
+def main():
+    if sys.argv[1:2] == ["--set"]:
+        write_set(Path(sys.argv[2]))
+        return
+    target = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).with_name("sample.jpg")
+    write_photo(target, scene.paint(), THUMBNAIL_SIZE)
 
 
 if __name__ == "__main__":
