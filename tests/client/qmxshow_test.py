@@ -4,16 +4,23 @@ Japanese, and wrongly.
 
 Usage: qmxshow_test.py SAMPLE PROGRAM...   (PROGRAM is run with the arguments of each case)"""
 
+import csv
+import io
 import json
+import os
+import re
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from html.parser import HTMLParser
 from pathlib import Path
 
 SAMPLE = Path(sys.argv[1])
+PAGE = Path(__file__).parents[2] / "docs/qmxshow.md"
 PROGRAM = sys.argv[2:]
 
 
@@ -21,6 +28,28 @@ def show(*arguments, cwd):
     result = subprocess.run([*PROGRAM, *map(str, arguments)], cwd=cwd, capture_output=True,
                             stdin=subprocess.DEVNULL, check=False)
     return result.returncode, result.stdout.decode("utf-8"), result.stderr.decode("utf-8")
+
+
+def variant(**texts):
+    """The sample with other texts of the same length: make, model, date."""
+    content = SAMPLE.read_bytes()
+    for old, new in (("Panasonic", texts.get("make")), ("DMC-GX7", texts.get("model")),
+                     ("2013:10:19 17:17:42", texts.get("date"))):
+        if new:
+            content = content.replace(old.encode(), new.encode().ljust(len(old), b" "))
+    return content
+
+
+def process_with(argument):
+    """The id of the process that got the argument."""
+    for entry in Path("/proc").glob("[0-9]*/cmdline"):
+        try:
+            arguments = entry.read_bytes().split(b"\0")
+        except OSError:
+            continue
+        if argument.encode() in arguments and not any(a.endswith(b".sh") for a in arguments):
+            return int(entry.parent.name)
+    return None
 
 
 class Sheet(HTMLParser):
@@ -92,8 +121,87 @@ class QmxShow(unittest.TestCase):
         self.assertEqual(status, 0)
         self.assertEqual(len(out.splitlines()), 2)
 
+    def test_filters_and_order(self):
+        for name, texts in (("1.jpg", {"date": "2014:02:03 04:05:06", "model": "B"}),
+                            ("2.jpg", {"make": "Nikon", "date": "2012:12:31 23:59:59"}),
+                            ("3.jpg", {"make": "Canon", "model": "A"})):
+            (self.folder / name).write_bytes(variant(**texts))
+        self.photo.unlink()
+        (self.folder / "4.jpg").write_bytes(b"")  # failures are told whatever the filters
+        cases = (
+            ((), "1234"),
+            (("--maker", "NIK"), "24"),
+            (("--since", "2013"), "134"),
+            (("--until", "2013-10"), "234"),
+            (("--since", "2013-10-19", "--until", "2013-10-19"), "34"),
+            (("--sort", "date"), "2314"),
+            (("--sort", "model", "--jobs", "3"), "3124"),
+            (("--sort", "maker"), "3214"),
+        )
+        for arguments, wanted in cases:
+            with self.subTest(arguments=arguments):
+                status, out, err = show("--json", *arguments, ".", cwd=self.folder)
+                names = "".join(json.loads(line)["path"][-5] for line in out.splitlines())
+                self.assertEqual((status, names), (1, wanted))
+                self.assertRegex(err, r"done: 4 files, (\d shown, )?1 failed, \d+\.\d s")
+
+    def test_threads_keep_the_order(self):
+        for number in range(40):
+            (self.folder / f"{number:02}.jpg").write_bytes(variant(model=f"M{number}"))
+        _, one, _ = show("--json", "--jobs", "1", ".", cwd=self.folder)
+        status, many, err = show("--json", "--jobs", "8", ".", cwd=self.folder)
+        self.assertEqual((status, many), (0, one))
+        self.assertIn("done: 41 files, 0 failed", err)
+
+    def test_csv_is_read_back(self):
+        (self.folder / "a, \u201cb\u201d.jpg").write_bytes(variant(model='A 1",2x'))
+        (self.folder / "broken.jpg").write_bytes(b"")
+        _, out, _ = show("--csv", ".", cwd=self.folder)
+        self.assertTrue(out.startswith("\ufeffpath,error,"))
+        rows = list(csv.DictReader(io.StringIO(out.lstrip("\ufeff"), newline="")))
+        self.assertEqual([row["modelText"] for row in rows], ['A 1",2x', "", "DMC-GX7"])
+        self.assertTrue(rows[0]["path"].endswith("a, \u201cb\u201d.jpg"))
+        self.assertNotEqual(rows[1]["error"], "")
+        self.assertEqual((rows[2]["captureTime"], rows[2]["isoSpeed"], rows[2]["fNumber"]),
+                         ("2013-10-19 17:17:42", "400", "5.6"))
+
+    def test_the_page_names_every_key(self):
+        page = PAGE.read_text(encoding="utf-8")
+        (self.folder / "broken.jpg").write_bytes(b"")
+        _, out, _ = show("--json", ".", cwd=self.folder)
+        broken, photo = (json.loads(line) for line in out.splitlines())
+        keys = {*broken, *photo, *photo["list"][0], *photo["preview"]}
+        self.assertEqual(set(re.findall(r"^\| `(\w+)` \|", page, re.MULTILINE)), keys)
+        _, out, _ = show("--csv", self.photo.name, cwd=self.folder)
+        heading = out.lstrip("\ufeff").splitlines()[0]
+        self.assertIn(heading, page.replace("\n", ""))
+        _, out, _ = show("--help", cwd=self.folder)
+        for option in set(re.findall(r"^  (--\w+)", out, re.MULTILINE)):
+            self.assertIn(option, page)
+
+    @unittest.skipIf(os.name == "nt", "needs Wine's signals")
+    def test_an_interrupted_run_ends_whole(self):
+        photos = 60  # far more text than a pipe holds
+        for number in range(photos):
+            shutil.copy(SAMPLE, self.folder / f"{number:02}.jpg")
+        with subprocess.Popen([*PROGRAM, "--json", "--jobs", "2", str(self.folder)],
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE) as process:
+            lines = [process.stdout.readline()]
+            os.kill(process_with(str(self.folder)), signal.SIGINT)
+            time.sleep(0.5)
+            lines += process.stdout.readlines()
+            err = process.stderr.read().decode("utf-8")
+        self.assertEqual(process.returncode, 1)
+        self.assertTrue(all(json.loads(line)["ok"] for line in lines))
+        self.assertLess(len(lines), photos)
+        self.assertIn(f"interrupted: {len(lines)} files, 0 failed, {photos + 1 - len(lines)} not read",
+                      err)
+
     def test_wrong_use_ends_with_2(self):
-        for arguments in ((), ("--no-such-option",), ("--thumb",)):
+        for arguments in ((), ("--no-such-option",), ("--thumb",), ("--sort", "x", "."),
+                          ("--since", "2013-13", "."), ("--jobs", "0", "."),
+                          ("--csv", "--json", ".")):
             status, _, err = show(*arguments, cwd=self.folder)
             self.assertEqual(status, 2, arguments)
             self.assertNotEqual(err, "", arguments)

@@ -4,6 +4,7 @@
 #include <exception>
 #include <new>
 
+#include "interrupt.h"
 #include "library.h"
 #include "options.h"
 #include "session.h"
@@ -29,6 +30,7 @@ int Run(int count, wchar_t** arguments, Writer& out, Writer& err) {
         err.Put("qmxshow: ").Put(error).Put("\n");
         return kNothingDone;
     }
+    CatchInterrupts();
     return RunSession(options, library, out, err);
 }
 

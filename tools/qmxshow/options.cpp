@@ -1,5 +1,9 @@
 #include "options.h"
 
+#include <cstdint>
+
+#include "paths.h"
+
 namespace qmx {
 namespace {
 
@@ -14,15 +18,17 @@ struct Setting {
 };
 
 constexpr Switch kSwitches[] = {
-    {L"--json", &Options::json}, {L"--orient", &Options::orient}, {L"--quiet", &Options::quiet},
-    {L"-q", &Options::quiet},    {L"--help", &Options::help},     {L"-h", &Options::help},
-    {L"-?", &Options::help},     {L"/?", &Options::help},         {L"--version", &Options::version},
+    {L"--json", &Options::json},       {L"--csv", &Options::csv}, {L"--orient", &Options::orient},
+    {L"--quiet", &Options::quiet},     {L"-q", &Options::quiet},  {L"--help", &Options::help},
+    {L"-h", &Options::help},           {L"-?", &Options::help},   {L"/?", &Options::help},
+    {L"--version", &Options::version},
 };
 
 constexpr Setting kSettings[] = {
-    {L"--thumb", &Options::thumbOut},
-    {L"--primary", &Options::primaryOut},
-    {L"--html", &Options::htmlOut},
+    {L"--thumb", &Options::thumbOut}, {L"--primary", &Options::primaryOut},
+    {L"--html", &Options::htmlOut},   {L"--sort", &Options::sort},
+    {L"--maker", &Options::maker},    {L"--since", &Options::since},
+    {L"--until", &Options::until},    {L"--jobs", &Options::jobs},
     {L"--dll", &Options::dllPath},
 };
 
@@ -69,11 +75,38 @@ bool CheckTogether(const Options& options, std::wstring& error) {
     if (options.help || options.version) return true;
     if (options.inputs.empty()) {
         error = L"no file given";
-    } else if (options.json && options.orient) {
-        error = L"--json and --orient exclude each other (the JSON holds the orientation)";
-    } else if (options.quiet && (options.json || options.orient)) {
-        error = L"--quiet leaves nothing to print for --json or --orient";
+    } else if (options.json + options.csv + options.orient > 1) {
+        error = L"--json, --csv and --orient exclude each other (the others hold the orientation)";
+    } else if (options.quiet && (options.json || options.csv || options.orient)) {
+        error = L"--quiet leaves nothing to print for --json, --csv or --orient";
     }
+    return error.empty();
+}
+
+constexpr unsigned kMaxJobs = 64;
+
+bool ParseJobs(std::wstring_view text, unsigned& jobs) {
+    jobs = 0;
+    for (const wchar_t c : text) {
+        if (c < L'0' || c > L'9' || jobs > kMaxJobs) return false;
+        jobs = jobs * 10 + static_cast<unsigned>(c - L'0');
+    }
+    return jobs >= 1 && jobs <= kMaxJobs;
+}
+
+// From the values' texts to what they mean.
+bool ReadValues(Options& options, std::wstring& error) {
+    std::uint64_t unused = 0;
+    if (!options.sort.empty() && !ParseSortKey(options.sort, options.sortKey)) {
+        error = L"--sort takes name, date, maker, model, iso or focal, not " + options.sort;
+    } else if (!options.since.empty() && !ParseDate(options.since, options.filter.since, unused)) {
+        error = L"--since takes YYYY, YYYY-MM or YYYY-MM-DD, not " + options.since;
+    } else if (!options.until.empty() && !ParseDate(options.until, unused, options.filter.until)) {
+        error = L"--until takes YYYY, YYYY-MM or YYYY-MM-DD, not " + options.until;
+    } else if (!options.jobs.empty() && !ParseJobs(options.jobs, options.jobCount)) {
+        error = L"--jobs takes a number from 1 to " + std::to_wstring(kMaxJobs);
+    }
+    options.filter.maker = LowerCase(options.maker);
     return error.empty();
 }
 
@@ -92,7 +125,7 @@ bool ParseOptions(int count, wchar_t** arguments, Options& options, std::wstring
             options.inputs.emplace_back(argument);
         }
     }
-    return CheckTogether(options, error);
+    return CheckTogether(options, error) && ReadValues(options, error);
 }
 
 std::string_view HelpText() {
@@ -109,6 +142,7 @@ are files with the extension of a camera format and all others that hold photo m
                    "ok": true the record's fields by name, "list" and "preview", else
                    "error".  null = the file does not say.  "shortText" and "longText"
                    are exactly as the library gives them.
+  --csv            print a table with one row per file, as spreadsheets read it
   --orient         print only the orientation, as number and in words
   --quiet, -q      print no text (for use with the options that write files)
 
@@ -122,13 +156,31 @@ are files with the extension of a camera format and all others that hold photo m
   --html OUT       write a contact sheet, one HTML file with the small previews inside;
                    prints no text unless --json or --orient is given
 
+  --maker TEXT     show only photos whose maker's name holds TEXT, in any case
+  --since DATE     show only photos taken on DATE (YYYY, YYYY-MM or YYYY-MM-DD) or later
+  --until DATE     ... or earlier; photos without a date are left out by either
+  --sort KEY       order by name, date, maker, model, iso or focal; what does not say
+                   comes last, and equal ones stay in the order of their paths
+  --jobs N         read N files at a time (as a rule as many as there are processors);
+                   the order of what is printed does not change
+
   --dll PATH       use this qmxexif.dll instead of the one beside this program
   --help, -h       print this text
   --version        print the version
   --               what follows are files, even if it begins with "-"
 
-Exit status: 0 all went well; 1 some file could not be read, or a preview not be written;
-2 wrong usage, or nothing could be done (no library, no photo found, output not writable).
+Examples:
+  qmxshow DSC_0001.NEF
+  qmxshow --csv --sort date D:\Photos > photos.csv
+  qmxshow --html sheet.html --maker canon --since 2013-10 --until 2013 D:\Photos
+  qmxshow --quiet --primary previews\ *.NEF
+
+Several files end with a summary on standard error.  Ctrl+C ends after the file at hand:
+what is read so far is printed whole; the second Ctrl+C ends at once.
+
+Exit status: 0 all went well; 1 some file could not be read, or a preview not be written,
+or Ctrl+C ended it early; 2 wrong usage, or nothing could be done (no library, no photo found,
+output not writable).
 )";
 }
 

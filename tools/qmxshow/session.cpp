@@ -1,15 +1,20 @@
 #include "session.h"
 
+#include <algorithm>
 #include <new>
 #include <optional>
+#include <utility>
 
+#include "interrupt.h"
 #include "paths.h"
 #include "photo.h"
 #include "preview_files.h"
+#include "print_csv.h"
 #include "print_html.h"
 #include "print_json.h"
 #include "print_text.h"
 #include "progress.h"
+#include "reader.h"
 #include "utf8.h"
 #include "walk.h"
 
@@ -17,11 +22,12 @@ namespace qmx {
 namespace {
 
 bool PrintsText(const Options& options) {
-    return !options.quiet && !options.json && !options.orient && options.htmlOut.empty();
+    return !options.quiet && !options.json && !options.csv && !options.orient &&
+           options.htmlOut.empty();
 }
 
 bool Prints(const Options& options) {
-    return PrintsText(options) || options.json || options.orient;
+    return PrintsText(options) || options.json || options.csv || options.orient;
 }
 
 PhotoParts ChooseParts(const Options& options) {
@@ -42,13 +48,16 @@ public:
 
 private:
     bool OpenTargets();
-    void HandleFile(const FoundFile& file);
+    unsigned Jobs() const;
+    void SortFiles();
+    void HandleFile(const FoundFile& file, const Photo& photo);
     void Show(const FoundFile& file, const Photo& photo);
     void WritePreviews(const FoundFile& file, const Photo& photo);
     void WritePreview(std::optional<PreviewTarget>& target, const FoundFile& file,
                       const Preview& preview);
     void RefuseFile(const std::wstring& path, const std::wstring& reason);
     void Complain(const std::wstring& subject, const std::wstring& words);
+    void Summarise();
     int Finish();
 
     const Options& options;
@@ -63,19 +72,48 @@ private:
     std::optional<HtmlSheet> sheet;
     std::vector<Unreadable> unreadable;
     std::size_t shown = 0;
+    std::size_t leftOut = 0;  // by the filters
+    std::size_t notRead = 0;  // Ctrl+C came first
+    ULONGLONG startTick = GetTickCount64();
     bool writingFailed = false;
 };
 
 int Session::Run() {
     found = FindFiles(library, options.inputs, progress);
     if (!OpenTargets()) return kNothingDone;
+    if (options.sortKey != SortKey::kNone) SortFiles();
+    if (options.csv) PrintCsvHeading(out);
     for (const Unreadable& failure : found.failures) RefuseFile(failure.path, failure.reason);
+    PhotoReader reader(library, found.files, ChooseParts(options), Jobs());
     for (std::size_t i = 0; i < found.files.size() && !out.HasFailed(); ++i) {
+        if (WasInterrupted()) {
+            notRead = found.files.size() - i;
+            break;
+        }
         progress.ShowDone(i, found.files.size());
-        HandleFile(found.files[i]);
+        HandleFile(found.files[i], reader.Next());
     }
     progress.Clear();
     return Finish();
+}
+
+unsigned Session::Jobs() const { return options.jobCount ? options.jobCount : DefaultJobs(); }
+
+// Reads the records alone first: all photos with their previews would not fit into memory.
+void Session::SortFiles() {
+    using Sortable = std::pair<SortValue, FoundFile>;
+    std::vector<Sortable> order;
+    PhotoReader reader(library, found.files, {false, false}, Jobs());
+    for (const FoundFile& file : found.files) {
+        if (WasInterrupted()) return;  // nothing will be shown
+        progress.ShowDone(order.size(), found.files.size());
+        order.emplace_back(SortValueOf(reader.Next(), file.name, options.sortKey), file);
+    }
+    std::stable_sort(order.begin(), order.end(), [](const Sortable& left, const Sortable& right) {
+        return ComesBefore(left.first, right.first);
+    });
+    std::transform(order.begin(), order.end(), found.files.begin(),
+                   [](Sortable& row) { return std::move(row.second); });
 }
 
 bool Session::OpenTargets() {
@@ -98,10 +136,13 @@ bool Session::OpenTargets() {
     return true;
 }
 
-void Session::HandleFile(const FoundFile& file) {
-    const Photo photo = ReadPhoto(library, file.path, ChooseParts(options));
+void Session::HandleFile(const FoundFile& file, const Photo& photo) {
     if (!photo.error.empty()) {
         RefuseFile(photo.path, photo.error);
+        return;
+    }
+    if (!options.filter.Matches(photo)) {
+        ++leftOut;
         return;
     }
     Show(file, photo);
@@ -115,6 +156,8 @@ void Session::Show(const FoundFile& file, const Photo& photo) {
     if (sheet) sheet->Add(photo, file.name);
     if (options.json) {
         PrintJson(out, photo);
+    } else if (options.csv) {
+        PrintCsv(out, photo);
     } else if (options.orient) {
         if (several) out.Put(OneLine(photo.path)).Put(": ");
         PrintOrientation(out, photo);
@@ -148,11 +191,11 @@ void Session::WritePreview(std::optional<PreviewTarget>& target, const FoundFile
 }
 
 void Session::RefuseFile(const std::wstring& path, const std::wstring& reason) {
-    if (options.json) {
+    if (options.json || options.csv) {
         Photo photo;
         photo.path = path;
         photo.error = reason;
-        PrintJson(out, photo);
+        options.json ? PrintJson(out, photo) : PrintCsv(out, photo);
     }
     Complain(path, reason);
     unreadable.push_back({path, reason});
@@ -162,6 +205,19 @@ void Session::Complain(const std::wstring& subject, const std::wstring& words) {
     progress.Clear();
     out.Flush();  // keeps the order when both go to one terminal or file
     err.Put("qmxshow: ").Put(OneLine(subject)).Put(": ").Put(OneLine(words)).Put("\n").Flush();
+}
+
+// "12 files, 1 failed, 0.4 s" on standard error, for more than one file.
+void Session::Summarise() {
+    const std::size_t total = shown + leftOut + unreadable.size();
+    if (total + notRead < 2 || (options.quiet && unreadable.empty() && notRead == 0)) return;
+    const ULONGLONG tenths = (GetTickCount64() - startTick + 50) / 100;
+    std::wstring words = std::to_wstring(total) + L" files, ";
+    if (leftOut != 0) words += std::to_wstring(shown) + L" shown, ";
+    words += std::to_wstring(unreadable.size()) + L" failed, ";
+    if (notRead != 0) words += std::to_wstring(notRead) + L" not read, ";
+    words += std::to_wstring(tenths / 10) + L"." + std::to_wstring(tenths % 10) + L" s";
+    Complain(notRead != 0 ? L"interrupted" : L"done", words);
 }
 
 int Session::Finish() {
@@ -179,16 +235,12 @@ int Session::Finish() {
         if (!readerLeft) Complain(L"cannot write the output", ErrorText(error));
         return kNothingDone;
     }
-    const std::size_t total = shown + unreadable.size();
-    if (total == 0) {
+    if (shown + leftOut + unreadable.size() + notRead == 0) {
         Complain(options.inputs.front(), L"no photo found");
         return kNothingDone;
     }
-    if (!unreadable.empty() && total > 1) {
-        Complain(std::to_wstring(unreadable.size()) + L" of " + std::to_wstring(total),
-                 L"could not be read");
-    }
-    return unreadable.empty() && !writingFailed ? kAllFine : kSomeFailed;
+    Summarise();
+    return unreadable.empty() && notRead == 0 && !writingFailed ? kAllFine : kSomeFailed;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "interrupt.h"
 #include "paths.h"
 
 namespace qmx {
@@ -102,7 +103,7 @@ private:
     void AddFolder(const std::wstring& root) {
         found.hadFolder = true;
         std::vector<Entry> pending = {{L"", true}};
-        while (!pending.empty()) {
+        while (!pending.empty() && !WasInterrupted()) {
             const Entry entry = std::move(pending.back());
             pending.pop_back();
             std::wstring path = entry.name.empty() ? root : JoinPath(root, entry.name);
