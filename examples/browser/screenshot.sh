@@ -29,8 +29,6 @@ say "Making a prefix of Wine"
 quietly wine wineboot --init
 wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v 'Yu Gothic UI' /d 'Noto Sans CJK JP' /f \
     >/dev/null 2>&1 </dev/null
-# Without a window manager Wine draws the window's frame itself.
-wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1 </dev/null
 wineserver -w
 
 folder=写真/2013年10月\ 富士五湖

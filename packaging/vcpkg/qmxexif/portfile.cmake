@@ -7,7 +7,8 @@ vcpkg_check_linkage(ONLY_DYNAMIC_LIBRARY)
 # The interface is plain C and the DLL has a run-time library of its own: one build serves all.
 set(VCPKG_BUILD_TYPE release)
 
-vcpkg_cmake_configure(SOURCE_PATH "${SOURCE_PATH}" OPTIONS -DQMX_BUILD_TESTS=OFF)
+vcpkg_cmake_configure(SOURCE_PATH "${SOURCE_PATH}"
+  OPTIONS -DQMX_BUILD_TESTS=OFF -DQMX_BUILD_BROWSER=OFF)
 vcpkg_cmake_install()
 vcpkg_cmake_config_fixup(PACKAGE_NAME qmxexif CONFIG_PATH lib/cmake/qmxexif)
 vcpkg_fixup_pkgconfig()
