@@ -102,7 +102,9 @@ TEST(Kernels, SumAndFinishCellsAlike) {
                 std::uint32_t expectedSum = 0;
                 for (std::uint32_t x = 0; x < std::min(side, width); x += 2)
                     for (std::uint32_t y = 0; y < side; y += 2) expectedSum += rows[y][x];
-                if (side == 2) ASSERT_EQ(sums[0][0], expectedSum) << width;
+                if (side == 2) {
+                    ASSERT_EQ(sums[0][0], expectedSum) << width;
+                }
                 if (expected.empty()) expected = levels;
                 ASSERT_EQ(levels, expected) << side << ' ' << width;
             }
@@ -128,7 +130,9 @@ TEST(Kernels, CountBrightCellsAlike) {
                     cells, count, bound,
                     reinterpret_cast<std::uint32_t(*)[kHistogramBins]>(bins.data()));
                 for (std::size_t i = 0; i < expected.size(); ++i)
-                    if (i % kHistogramBins * 8 >= bound) ASSERT_EQ(bins[i], expected[i]) << i;
+                    if (i % kHistogramBins * 8 >= bound) {
+                        ASSERT_EQ(bins[i], expected[i]) << i;
+                    }
             }
         }
     }
