@@ -97,7 +97,7 @@ Bytes EqualNotes(std::string_view make, std::size_t size, const Bytes& header, s
     Tiff tiff;
     std::uint32_t exif = 0;
     tiff.Ifd(make, 2, [&](Tiff& t) {
-        exif = t.Here() + 2 * kEntryBytes + 4 + U32(make.size());
+        exif = U32(t.Here() + 2 * kEntryBytes + 4 + make.size());
         t.Entry(0x0110, kAscii, 4, 0x3F3F3F3F);
         t.Entry(0x8769, kLong, 1, exif);
     });
