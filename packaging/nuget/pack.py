@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Packs a NuGet package where there is no nuget: the files that a nuspec names, and the parts that
-the Open Packaging Conventions (ECMA-376, part 2) ask for.
+the Open Packaging Conventions (ECMA-376-2) ask for.
 
     pack.py NUSPEC OUT.nupkg FOLDER...
 

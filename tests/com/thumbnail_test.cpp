@@ -12,6 +12,7 @@
 #include "com/com_support.h"
 #include "com/fake_shell_item.h"
 #include "support/api.h"
+#include "support/handle_count.h"
 #include "support/tiff_builder.h"
 
 namespace qmx::test {
@@ -229,13 +230,13 @@ TEST_F(Provider, DoesNotReleaseAnItemGivenBefore) {
 }
 
 struct Usage {
-    DWORD handles = 0;
+    std::int64_t handles = 0;
     SIZE_T memory = 0;
 };
 Usage CurrentUsage() {
     Usage usage;
     PROCESS_MEMORY_COUNTERS counters = {};
-    GetProcessHandleCount(GetCurrentProcess(), &usage.handles);
+    usage.handles = CountHandles();
     GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
     usage.memory = counters.PagefileUsage;
     return usage;

@@ -11,6 +11,7 @@
 
 #include "hostile/usage.h"
 #include "support/api.h"
+#include "support/handle_count.h"
 
 namespace qmx::hostile {
 namespace {
@@ -100,14 +101,7 @@ const GdiEntry* GdiTable() {
 
 }  // namespace
 
-// Wine counts none; a new handle is the lowest free one there, in steps of 4.
-std::int64_t CountHandles() {
-    DWORD count = 0;
-    if (GetProcessHandleCount(GetCurrentProcess(), &count) && count != 0) return count;
-    const HANDLE next = CreateEventW(nullptr, FALSE, FALSE, nullptr);
-    CloseHandle(next);
-    return static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(next) / 4);
-}
+std::int64_t CountHandles() { return test::CountHandles(); }
 
 // Wine answers GetGuiResources with 0.
 std::int64_t CountGdiObjects() {
