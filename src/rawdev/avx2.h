@@ -27,8 +27,11 @@ void AddPairsAvx2(const std::uint16_t* row, std::uint32_t cells, std::uint32_t* 
                   std::uint32_t* odd);
 void AddOctetsAvx2(const std::uint16_t* const* rows, std::uint32_t rowCount, std::uint32_t cells,
                    std::uint32_t* even, std::uint32_t* odd);
-void FinishCellsAvx2(const CellRun& run);
+void FinishSumsAvx2(const CellBalance& balance, const SumRun& run);
+void FinishSamplesAvx2(const CellBalance& balance, const SampleRun& run);
 void CountCellsAvx2(const std::uint16_t (*cells)[kColors], std::uint32_t count, std::uint32_t bound,
                     std::uint32_t (*histogram)[kHistogramBins]);
+void ToneCellsAvx2(const std::uint16_t (*cells)[kColors], std::uint32_t count,
+                   const ToneTable& tone, std::uint8_t* pixels);
 
 }  // namespace qmx

@@ -1,13 +1,12 @@
 #pragma once
 // The finished picture as a 24-bit BMP in the caller's stream.
 
+#include "parse/core/bitmap.h"
 #include "parse/core/win32.h"
-#include "rawdev/raw_decode_state.h"
 
 namespace qmx {
 
-// Turns the cells upright and writes them.  False, with the stream untouched, when the picture is
-// too large for a BMP or memory is short.  What the stream answers is ignored.
-bool WriteBitmap(RawDecodeState& state, IStream* stream);
+// What the stream answers is ignored.
+void WriteBitmap(const BitmapLayout& layout, const std::uint8_t* rows, IStream* stream);
 
 }  // namespace qmx

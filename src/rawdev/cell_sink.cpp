@@ -25,11 +25,24 @@ CellCounts CountColors(std::uint32_t pattern, std::uint32_t top, std::uint32_t r
     return counts;
 }
 
+// Whether every 2 x 2 samples have four colours.
+bool HasQuads(std::uint32_t pattern) {
+    for (std::uint32_t at = 0; at < 32; at += 8) {
+        std::uint32_t colors = 0;  // a bit each
+        for (std::uint32_t i = 0; i < 8; i += 2) colors |= 1u << (pattern >> (at + i) & 3);
+        if (colors != 15) return false;
+    }
+    return true;
+}
+
 }  // namespace
 
-bool CellSink::Start(RawDecodeState& state) {
+bool CellSink::Start(RawDecodeState& state, CellUse use, BitmapPainter* painter) {
     state_ = &state;
+    use_ = use;
+    painter_ = painter;
     color_ = CellColor(state);
+    isQuad_ = state.shrinkShift == 1 && HasQuads(state.cfaPattern);
     const std::uint32_t blockRows = 1u << state.shrinkShift;
     const bool repair = state.repairZeros && state.cfaPattern != 0;
     ringRows_ = repair ? kMostRows : blockRows;
@@ -104,6 +117,7 @@ void CellSink::ReduceBlock(std::uint32_t outRow) {
     const std::uint32_t side = 1u << state_->shrinkShift;
     const std::uint32_t top = outRow * side;
     const std::uint32_t rows = std::min(side, state_->height - top);
+    if (isQuad_ && rows == side && state_->width % side == 0) return ReduceQuads(outRow);
     const std::uint16_t* samples[8];
     std::uint32_t colors[8];  // each row's two
     for (std::uint32_t row = 0; row < rows; ++row) {
@@ -111,21 +125,46 @@ void CellSink::ReduceBlock(std::uint32_t outRow) {
         colors[row] = state_->cfaPattern >> (4 * ((top + row) % 8)) & 15;
     }
     const CellCounts counts = CountColors(state_->cfaPattern, top, rows, side);
-    std::uint16_t(*cells)[kColors] =
-        state_->image.get() + std::size_t{outRow} * state_->outputWidth;
     CellSums sums;
-    const std::uint32_t runSamples = kRunCells * side;
-    for (std::uint32_t x = 0; x < state_->width; x += runSamples, cells += kRunCells) {
-        const std::uint32_t width = std::min(runSamples, state_->width - x);
+    for (std::uint32_t column = 0; column < state_->outputWidth; column += kRunCells) {
+        const std::uint32_t width = std::min(kRunCells * side, state_->width - column * side);
         const std::uint32_t wholeCells = width / side;
         const std::uint32_t restColumns = width % side;
+        std::uint16_t(*cells)[kColors] = PlaceOf(outRow, column);
         SumBlock(*state_->kernels, samples, colors, rows, side, width, sums);
-        color_.FinishCells(sums, counts, 0, wholeCells, cells);
+        color_.FinishSums(sums, counts, 0, wholeCells, cells);
         if (restColumns != 0)
-            color_.FinishCells(sums, CountColors(state_->cfaPattern, top, rows, restColumns),
-                               wholeCells, 1, cells + wholeCells);
-        for (std::uint32_t row = 0; row < rows; ++row) samples[row] += runSamples;
+            color_.FinishSums(sums, CountColors(state_->cfaPattern, top, rows, restColumns),
+                              wholeCells, 1, cells + wholeCells);
+        UseCells(outRow, column, wholeCells + (restColumns != 0 ? 1 : 0));
+        for (std::uint32_t row = 0; row < rows; ++row) samples[row] += kRunCells * side;
     }
+}
+
+// Where each colour has one sample in a cell there is nothing to sum.
+void CellSink::ReduceQuads(std::uint32_t outRow) {
+    const std::uint16_t* samples[kColors] = {};
+    for (std::uint32_t i = 0; i < 4; ++i) {
+        const std::uint32_t row = 2 * outRow + i / 2;
+        samples[CfaColor(state_->cfaPattern, row, i % 2)] = VisibleRow(row) + i % 2;
+    }
+    for (std::uint32_t column = 0; column < state_->outputWidth; column += kRunCells) {
+        const std::uint32_t count = std::min(kRunCells, state_->outputWidth - column);
+        color_.FinishSamples(samples, count, PlaceOf(outRow, column));
+        UseCells(outRow, column, count);
+        for (auto& first : samples) first += 2 * kRunCells;
+    }
+}
+
+// Room for a run of cells.
+auto CellSink::PlaceOf(std::uint32_t row, std::uint32_t column) -> std::uint16_t (*)[kColors] {
+    if (use_ != CellUse::kKeep) return run_;
+    return state_->image.get() + std::size_t{row} * state_->outputWidth + column;
+}
+
+void CellSink::UseCells(std::uint32_t row, std::uint32_t column, std::uint32_t count) {
+    if (use_ == CellUse::kPaint) return painter_->Paint(row, column, run_, count);
+    color_.Count(PlaceOf(row, column), count);
 }
 
 // One sample per cell: its other colours are found later.
@@ -138,14 +177,14 @@ void CellSink::StoreMosaicRow(std::uint32_t y) {
 
 void CellSink::StoreFullRow(std::uint32_t y) {
     const std::uint16_t* row = VisibleRow(y);
-    std::uint16_t(*cells)[kColors] = state_->image.get() + std::size_t{y} * state_->outputWidth;
     CellSums levels;
     for (std::uint32_t x = 0; x < state_->width; x += kRunCells) {
         const std::uint32_t count = std::min(kRunCells, state_->width - x);
         for (std::uint32_t i = 0; i < count; ++i)
             for (std::uint32_t color = 0; color < 3; ++color)
                 levels[color][i] = row[3 * (std::size_t{x} + i) + color];
-        color_.FinishCells(levels, {{1, 1, 1, 0}}, 0, count, cells + x);
+        color_.FinishSums(levels, {{1, 1, 1, 0}}, 0, count, PlaceOf(y, x));
+        UseCells(y, x, count);
     }
 }
 

@@ -41,7 +41,7 @@ void SumBlock(const Kernels& kernels, const std::uint16_t* const* rows,
         AddRows(kernels, rows, rowColors, rowCount, wholeCells, sums);
     }
     // What was worked on beyond the whole cells.
-    for (auto& sum : sums) std::memset(sum + wholeCells, 0, CellRun::kSlack * sizeof *sum);
+    for (auto& sum : sums) std::memset(sum + wholeCells, 0, kSumSlack * sizeof *sum);
     for (std::uint32_t i = 0; i < rowCount; ++i)
         for (std::uint32_t x = wholeCells * side; x < width; ++x)
             sums[rowColors[i] >> (x % 2 == 0 ? 0 : 2) & 3][wholeCells] += rows[i][x];

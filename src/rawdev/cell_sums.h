@@ -7,11 +7,10 @@
 
 namespace qmx {
 
-inline constexpr std::uint32_t kRowSlack = 64;   // samples that must be readable behind a row
 inline constexpr std::uint32_t kRunCells = 256;  // worked on at a time, all within the first cache
 
 // The cells of a run, per colour.
-using CellSums = std::uint32_t[kColors][kRunCells + CellRun::kSlack];
+using CellSums = std::uint32_t[kColors][kRunCells + kSumSlack];
 
 // Sums `rowCount` (at most `side`) rows of `width` samples, a run at most, into cells `side` (2 or
 // 8) samples wide, the last of which may be narrower.  `rowColors` holds each row's colours of the

@@ -47,15 +47,34 @@ Ints SumLanes(Ints a, Ints b, Ints c, Ints d) {
 }
 
 Ints ToLevels(Floats values) {
-    const Floats guarded = _mm_add_ps(values, _mm_set1_ps(kRoundingGuard));
-    return _mm_cvttps_epi32(
-        _mm_min_ps(_mm_max_ps(guarded, _mm_setzero_ps()), _mm_set1_ps(kFullScale)));
+    return _mm_cvtps_epi32(
+        _mm_min_ps(_mm_max_ps(values, _mm_setzero_ps()), _mm_set1_ps(kFullScale)));
 }
 
-Ints Scale(const CellRun& run, std::uint32_t color, std::uint32_t i) {
-    const Floats values = _mm_cvtepi32_ps(Load(run.sums[color] + i));
-    return ToLevels(_mm_sub_ps(_mm_mul_ps(values, _mm_set1_ps(run.factor[color])),
-                               _mm_set1_ps(run.black[color])));
+// The source's numbers for four cells from the `i`-th.
+Ints Numbers(const SumRun& run, std::uint32_t color, std::uint32_t i) {
+    return Load(run.source[color] + i);
+}
+Ints Numbers(const SampleRun& run, std::uint32_t color, std::uint32_t i) {
+    return Evens(Load(run.source[color] + 2 * std::size_t{i}));
+}
+
+Ints Scale(const CellBalance& balance, std::uint32_t color, Ints numbers) {
+    return ToLevels(
+        _mm_sub_ps(_mm_mul_ps(_mm_cvtepi32_ps(numbers), _mm_set1_ps(balance.factor[color])),
+                   _mm_set1_ps(balance.black[color])));
+}
+
+struct Channels {
+    Ints red, green, blue;
+};
+
+template <class Run>
+Channels Balanced(const CellBalance& balance, const Run& run, std::uint32_t i) {
+    const Ints greens =
+        _mm_add_epi32(Scale(balance, 1, Numbers(run, 1, i)), Scale(balance, 3, Numbers(run, 3, i)));
+    return {Scale(balance, 0, Numbers(run, 0, i)), _mm_srli_epi32(greens, 1),
+            Scale(balance, 2, Numbers(run, 2, i))};
 }
 
 Ints Mix(const float (&weights)[3], Floats red, Floats green, Floats blue) {
@@ -64,17 +83,34 @@ Ints Mix(const float (&weights)[3], Floats red, Floats green, Floats blue) {
     return ToLevels(_mm_add_ps(redGreen, _mm_mul_ps(_mm_set1_ps(weights[2]), blue)));
 }
 
+Channels Mixed(const CellBalance& balance, const Channels& from) {
+    const Floats red = _mm_cvtepi32_ps(from.red);
+    const Floats green = _mm_cvtepi32_ps(from.green);
+    const Floats blue = _mm_cvtepi32_ps(from.blue);
+    return {Mix(balance.matrix[0], red, green, blue), Mix(balance.matrix[1], red, green, blue),
+            Mix(balance.matrix[2], red, green, blue)};
+}
+
 // Four cells.
-void FinishLanes(const CellRun& run, std::uint32_t i, std::uint16_t (*cells)[kColors]) {
-    const Ints greens = _mm_add_epi32(Scale(run, 1, i), Scale(run, 3, i));
-    const Floats red = _mm_cvtepi32_ps(Scale(run, 0, i));
-    const Floats green = _mm_cvtepi32_ps(_mm_srli_epi32(greens, 1));
-    const Floats blue = _mm_cvtepi32_ps(Scale(run, 2, i));
-    const Ints redGreen = _mm_or_si128(Mix(run.matrix[0], red, green, blue),
-                                       _mm_slli_epi32(Mix(run.matrix[1], red, green, blue), 16));
-    const Ints last = Mix(run.matrix[2], red, green, blue);
-    Store(cells, _mm_unpacklo_epi32(redGreen, last));
-    Store(cells + 2, _mm_unpackhi_epi32(redGreen, last));
+template <bool kMixes, class Run>
+void FinishLanes(const CellBalance& balance, const Run& run, std::uint32_t i,
+                 std::uint16_t (*cells)[kColors]) {
+    Channels channels = Balanced(balance, run, i);
+    if constexpr (kMixes) channels = Mixed(balance, channels);
+    const Ints redGreen = _mm_or_si128(channels.red, _mm_slli_epi32(channels.green, 16));
+    Store(cells, _mm_unpacklo_epi32(redGreen, channels.blue));
+    Store(cells + 2, _mm_unpackhi_epi32(redGreen, channels.blue));
+}
+
+template <bool kMixes, class Run>
+void Finish(const CellBalance& balance, const Run& run) {
+    std::uint32_t i = 0;
+    for (; i + kLanes <= run.count; i += kLanes)
+        FinishLanes<kMixes>(balance, run, i, run.cells + i);
+    if (i == run.count) return;
+    std::uint16_t last[kLanes][kColors];
+    FinishLanes<kMixes>(balance, run, i, last);
+    std::memcpy(run.cells + i, last, (run.count - i) * sizeof *last);
 }
 
 }  // namespace
@@ -100,13 +136,12 @@ void AddOctets(const std::uint16_t* const* rows, std::uint32_t rowCount, std::ui
     }
 }
 
-void FinishCells(const CellRun& run) {
-    std::uint32_t i = 0;
-    for (; i + kLanes <= run.count; i += kLanes) FinishLanes(run, i, run.cells + i);
-    if (i == run.count) return;
-    std::uint16_t last[kLanes][kColors];
-    FinishLanes(run, i, last);
-    std::memcpy(run.cells + i, last, (run.count - i) * sizeof *last);
+void FinishSums(const CellBalance& balance, const SumRun& run) {
+    balance.mixes ? Finish<true>(balance, run) : Finish<false>(balance, run);
+}
+
+void FinishSamples(const CellBalance& balance, const SampleRun& run) {
+    balance.mixes ? Finish<true>(balance, run) : Finish<false>(balance, run);
 }
 
 // Channel by channel over many cells, so that the bins of one stay in the first cache.
@@ -114,6 +149,13 @@ void CountCells(const std::uint16_t (*cells)[kColors], std::uint32_t count, std:
                 std::uint32_t (*histogram)[kHistogramBins]) {
     for (std::uint32_t channel = 0; channel < 3; ++channel)
         for (std::size_t i = 0; i < count; ++i) ++histogram[channel][cells[i][channel] >> 3];
+}
+
+void ToneCells(const std::uint16_t (*cells)[kColors], std::uint32_t count, const ToneTable& tone,
+               std::uint8_t* pixels) {
+    for (std::size_t i = 0; i < count; ++i)
+        for (std::size_t channel = 0; channel < 3; ++channel)
+            pixels[3 * i + 2 - channel] = tone.ByteOf(cells[i][channel]);
 }
 
 }  // namespace qmx

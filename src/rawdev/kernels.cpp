@@ -44,10 +44,12 @@ bool HasAvx2() {
     return (registers[1] & kAvx2) != 0;
 }
 
-const Kernels kPortableKernels = {Unpack12, Unpack12Padded, UnpackBits,  UnpackGroups,
-                                  AddPairs, AddOctets,      FinishCells, CountCells};
-const Kernels kAvx2Kernels = {Unpack12Avx2, Unpack12PaddedAvx2, UnpackBitsAvx2,  UnpackGroupsAvx2,
-                              AddPairsAvx2, AddOctetsAvx2,      FinishCellsAvx2, CountCellsAvx2};
+const Kernels kPortableKernels = {Unpack12,   Unpack12Padded, UnpackBits, UnpackGroups,
+                                  AddPairs,   AddOctets,      FinishSums, FinishSamples,
+                                  CountCells, ToneCells};
+const Kernels kAvx2Kernels = {Unpack12Avx2,   Unpack12PaddedAvx2, UnpackBitsAvx2, UnpackGroupsAvx2,
+                              AddPairsAvx2,   AddOctetsAvx2,      FinishSumsAvx2, FinishSamplesAvx2,
+                              CountCellsAvx2, ToneCellsAvx2};
 
 const Kernels& ChooseKernels() {
     static const bool hasAvx2 = HasAvx2();

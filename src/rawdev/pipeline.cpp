@@ -5,6 +5,7 @@
 
 #include "parse/core/mapped_file.h"
 #include "parse/core/page_guard.h"
+#include "rawdev/bitmap_painter.h"
 #include "rawdev/bitmap_writer.h"
 #include "rawdev/cell_color.h"
 #include "rawdev/cell_sink.h"
@@ -66,15 +67,45 @@ bool AllocateBuffers(RawDecodeState& state) {
         state.sampleCurve = AllocateZeroed<std::uint16_t>(kCurveEntries);
     if (state.channelHistogram == nullptr)
         state.channelHistogram = AllocateZeroed<std::uint32_t[kHistogramBins]>(kColors);
-    // Shrunken cells are written as a whole, those of a mosaic one colour at a time.
-    const std::uint64_t cells = std::uint64_t{state.outputHeight} * state.outputWidth;
-    state.image = IsMosaic(state) ? AllocateZeroed<std::uint16_t[kColors]>(cells)
-                                  : AllocateUnset<std::uint16_t[kColors]>(cells);
-    if (state.sampleCurve == nullptr || state.channelHistogram == nullptr || state.image == nullptr)
+    if (state.sampleCurve == nullptr || state.channelHistogram == nullptr) {
+        state.error = E_OUTOFMEMORY;
         return false;
+    }
     for (std::uint32_t code = 0; code < kCurveEntries; ++code)
         state.sampleCurve[code] = static_cast<std::uint16_t>(code);
     return true;
+}
+
+// Shrunken cells are written as a whole, those of a mosaic one colour at a time.
+bool AllocateImage(RawDecodeState& state) {
+    const std::uint64_t cells = std::uint64_t{state.outputHeight} * state.outputWidth;
+    state.image = IsMosaic(state) ? AllocateZeroed<std::uint16_t[kColors]>(cells)
+                                  : AllocateUnset<std::uint16_t[kColors]>(cells);
+    if (state.image == nullptr) state.error = E_OUTOFMEMORY;
+    return state.image != nullptr;
+}
+
+// Identifies the file and settles what its picture will be.
+bool Prepare(RawDecodeState& state, std::uint32_t shrinkLevel) {
+    if (state.useCameraMatrix < 0) state.useCameraMatrix = 1;
+    if (!IdentifyRaw(state) || !HoldsEnoughData(state)) return false;
+    SetOutputSize(state, shrinkLevel);
+    return AllocateBuffers(state);
+}
+
+bool Load(RawDecodeState& state, CellUse use, BitmapPainter* painter = nullptr) {
+    CellSink sink;
+    return sink.Start(state, use, painter) && state.loader->load(state, sink);
+}
+
+bool LoadImage(RawDecodeState& state) {
+    if (!AllocateImage(state)) return false;
+    // Highlights are mended in the camera's colours: until then the matrix waits.
+    const bool rawColor = state.rawColor;
+    state.rawColor |= MendsHighlights(state);
+    const bool loaded = Load(state, CellUse::kKeep);
+    state.rawColor = rawColor;
+    return loaded;
 }
 
 // What was left to do until all cells were there: at full size each still lacks the colours that
@@ -94,35 +125,48 @@ bool FinishColors(RawDecodeState& state) {
     return true;
 }
 
+// Whether the samples are read twice, once for the white point and once for the pixels, instead of
+// keeping the cells in between: where samples need no decoding, a new reading costs less than the
+// first touch of the memory for so many cells.
+bool ReadsTwice(const RawDecodeState& state) {
+    return state.shrinkShift == 1 && state.loader->rowBytes != nullptr && !MendsHighlights(state);
+}
+
+bool PaintTwiceRead(RawDecodeState& state, BitmapPainter& painter) {
+    if (!Load(state, CellUse::kCount)) return false;
+    state.scratch.Clear();
+    return painter.Start(state) && Load(state, CellUse::kPaint, &painter);
+}
+
+bool PaintImage(RawDecodeState& state, BitmapPainter& painter) {
+    if (!LoadImage(state) || !FinishColors(state) || !painter.Start(state)) return false;
+    for (std::uint32_t row = 0; row < state.outputHeight; ++row)
+        painter.Paint(row, 0, state.image.get() + std::size_t{row} * state.outputWidth,
+                      state.outputWidth);
+    return true;
+}
+
 }  // namespace
 
 bool LoadCells(RawDecodeState& state, std::uint32_t shrinkLevel) {
-    if (state.useCameraMatrix < 0) state.useCameraMatrix = 1;
-    if (!IdentifyRaw(state) || !HoldsEnoughData(state)) return false;
-    SetOutputSize(state, shrinkLevel);
-    if (!AllocateBuffers(state)) {
-        state.error = E_OUTOFMEMORY;
-        return false;
-    }
-    // Highlights are mended in the camera's colours: until then the matrix waits.
-    const bool rawColor = state.rawColor;
-    state.rawColor |= MendsHighlights(state);
-    CellSink sink;
-    const bool loaded = sink.Start(state) && state.loader->load(state, sink);
-    state.rawColor = rawColor;
-    return loaded;
+    return Prepare(state, shrinkLevel) && LoadImage(state);
 }
 
 std::uint32_t DevelopView(RawDecodeState& state, IStream* stream, std::uint32_t shrinkLevel) {
-    // The stream's code comes after the last read of the file.
+    BitmapPainter painter;
     const PageGuard guard = {state.file.data, state.file.size};
-    const auto develop = [&] { return LoadCells(state, shrinkLevel) && FinishColors(state); };
-    const bool written = RunGuarded(guard, develop) != 0 && WriteBitmap(state, stream);
+    const auto paint = [&] {
+        if (!Prepare(state, shrinkLevel)) return false;
+        return ReadsTwice(state) ? PaintTwiceRead(state, painter) : PaintImage(state, painter);
+    };
+    const bool painted = RunGuarded(guard, paint) != 0;
     if (state.scratch.RanShort()) state.error = E_OUTOFMEMORY;
     state.image.reset();
-    state.bitmap.reset();
     state.scratch.Clear();
-    return written ? 1 : 0;
+    // The stream's code comes after the last read of the file.
+    if (painted) WriteBitmap(painter.Layout(), state.bitmap.get(), stream);
+    state.bitmap.reset();
+    return painted ? 1 : 0;
 }
 
 std::uint32_t RunRawPipeline(RawDecodeState& state, const wchar_t* path, IStream* stream,

@@ -7,9 +7,6 @@ namespace qmx {
 
 inline constexpr float kFullScale = 65535;
 
-// Keeps a product that should be whole from falling below its number.
-inline constexpr float kRoundingGuard = 1.0f / 128;
-
 void Unpack12(const std::uint8_t* src, std::uint32_t count, std::uint16_t* dst);
 void Unpack12Padded(const std::uint8_t* src, std::uint32_t count, std::uint16_t* dst);
 void UnpackBits(const std::uint8_t* src, std::uint32_t count, std::uint32_t bits,
@@ -19,8 +16,11 @@ void AddPairs(const std::uint16_t* row, std::uint32_t cells, std::uint32_t* even
               std::uint32_t* odd);
 void AddOctets(const std::uint16_t* const* rows, std::uint32_t rowCount, std::uint32_t cells,
                std::uint32_t* even, std::uint32_t* odd);
-void FinishCells(const CellRun& run);
+void FinishSums(const CellBalance& balance, const SumRun& run);
+void FinishSamples(const CellBalance& balance, const SampleRun& run);
 void CountCells(const std::uint16_t (*cells)[kColors], std::uint32_t count, std::uint32_t bound,
                 std::uint32_t (*histogram)[kHistogramBins]);
+void ToneCells(const std::uint16_t (*cells)[kColors], std::uint32_t count, const ToneTable& tone,
+               std::uint8_t* pixels);
 
 }  // namespace qmx

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 namespace qmx {
 namespace {
@@ -20,28 +19,38 @@ std::uint32_t FindChannelWhite(const std::uint32_t* bins, double mayClip) {
     return bin;
 }
 
-std::uint8_t ToneByte(std::uint32_t level, double whiteLevel) {
+// From this white on the curve rises by one byte at most within an entry of the table; below, no
+// level from the table's last entry on is darker than white.
+constexpr double kGentleWhite = ToneTable::kEntries;
+constexpr std::uint32_t kGentleShift = 3;
+
+std::uint32_t ToneByte(std::uint32_t level, double whiteLevel) {
     const double light = level / whiteLevel;
     const double value = light <= 0.018 ? 4.5 * light : 1.099 * std::pow(light, 0.45) - 0.099;
-    return static_cast<std::uint8_t>(std::min(255.0, 256 * value));
+    return static_cast<std::uint32_t>(std::min(255.0, 256 * value));
 }
 
-struct TonePoint {
-    std::uint32_t level;
-    std::uint8_t byte;
+struct ToneEntry {
+    std::uint32_t index;
+    std::uint32_t byte;  // of its first level
 };
 
-// The curve rises: between levels of the same byte nothing has to be computed.
-void FillBetween(double whiteLevel, TonePoint low, TonePoint high, std::uint8_t* bytes) {
-    if (low.byte == high.byte || high.level - low.level <= 1) {
-        std::memset(bytes + low.level, low.byte, high.level - low.level);
-        bytes[high.level] = high.byte;
+// The curve rises: between entries of the same byte nothing has to be computed.
+void FillBetween(double whiteLevel, ToneEntry low, ToneEntry high, ToneTable& tone) {
+    const bool isFlat = low.byte == high.byte;
+    if (!isFlat && high.index - low.index > 1) {
+        const std::uint32_t index = (low.index + high.index) / 2;
+        const ToneEntry middle = {index, ToneByte(index << tone.shift, whiteLevel)};
+        FillBetween(whiteLevel, low, middle, tone);
+        FillBetween(whiteLevel, middle, high, tone);
         return;
     }
-    const std::uint32_t level = (low.level + high.level) / 2;
-    const TonePoint middle = {level, ToneByte(level, whiteLevel)};
-    FillBetween(whiteLevel, low, middle, bytes);
-    FillBetween(whiteLevel, middle, high, bytes);
+    // How many of an entry's levels are brighter than its first.
+    std::uint32_t brighter = 0;
+    const std::uint32_t last = (high.index << tone.shift) - 1;
+    while (!isFlat && ToneByte(last - brighter, whiteLevel) > low.byte) ++brighter;
+    std::fill(tone.entries + low.index, tone.entries + high.index,
+              static_cast<std::uint16_t>((low.byte << tone.shift) + brighter));
 }
 
 }  // namespace
@@ -60,9 +69,11 @@ double FindWhiteLevel(const RawDecodeState& state) {
     return FindWhiteBin(state) * kLevelsPerBin / static_cast<double>(state.brightness);
 }
 
-void FillToneCurve(double whiteLevel, std::uint8_t* bytes) {
+void FillToneTable(double whiteLevel, ToneTable& tone) {
+    tone.shift = whiteLevel >= kGentleWhite ? kGentleShift : 0;
+    const std::uint32_t end = ToneTable::kEntries;
     FillBetween(whiteLevel, {0, ToneByte(0, whiteLevel)},
-                {kToneEntries - 1, ToneByte(kToneEntries - 1, whiteLevel)}, bytes);
+                {end, ToneByte(end << tone.shift, whiteLevel)}, tone);
 }
 
 }  // namespace qmx

@@ -8,8 +8,6 @@
 
 namespace qmx {
 
-inline constexpr std::uint32_t kToneEntries = 0x10000;
-
 inline constexpr std::uint32_t kLevelsPerBin = 8;
 
 // The highest bin of any channel above which no more than a hundredth of the pixels lies, of those
@@ -19,7 +17,7 @@ std::uint32_t FindWhiteBin(const RawDecodeState& state);
 // The level that becomes white: the brightest hundredth of the pixels may clip.
 double FindWhiteLevel(const RawDecodeState& state);
 
-// Fills the byte of every level.
-void FillToneCurve(double whiteLevel, std::uint8_t* bytes);
+// Fills the table that gives the byte of every level.
+void FillToneTable(double whiteLevel, ToneTable& tone);
 
 }  // namespace qmx

@@ -7,6 +7,7 @@
 
 #include "rawdev/cell_sums.h"
 #include "rawdev/pipeline.h"
+#include "rawdev/tone_curve.h"
 #include "support/memory_stream.h"
 #include "support/raw_builder.h"
 #include "support/raw_seeds.h"
@@ -76,6 +77,18 @@ TEST(Kernels, DecodeGroupsAlike) {
     }
 }
 
+constexpr CellBalance kBalances[] = {
+    {{0.7f, 1.3f, 0.01f, 0.9f}, {100, 0, 7.5f, 3000}, false, {}},
+    {{1e9f, 1.3f, 0.01f, 0.9f},
+     {100, 0, 7.5f, 3000},
+     true,
+     {{1.6f, -0.5f, -0.1f}, {-0.02f, 1.3f, -0.3f}, {8e3f, -8e3f, 0}}},
+};
+
+auto AsCells(std::vector<std::uint16_t>& levels) {
+    return reinterpret_cast<std::uint16_t(*)[kColors]>(levels.data());
+}
+
 // Sums and levels of a run of cells, the largest samples among them.
 TEST(Kernels, SumAndFinishCellsAlike) {
     constexpr std::uint32_t kRowColors[] = {4, 14, 4, 14, 4, 14, 4, 0};
@@ -85,28 +98,50 @@ TEST(Kernels, SumAndFinishCellsAlike) {
             std::fill_n(samples.values.begin(), width / 2, std::uint16_t{0xFFFF});
             const std::uint16_t* rows[8];
             for (std::uint32_t y = 0; y < 8; ++y) rows[y] = &samples.values[y * samples.width];
-            std::vector<std::uint16_t> expected;
-            for (const Kernels* kernels : EachKernels()) {
-                CellSums sums;
-                SumBlock(*kernels, rows, kRowColors, side, side, width, sums);
-                const std::uint32_t cells = (width + side - 1) / side;
-                std::vector<std::uint16_t> levels(kColors * (cells + 1), kUntouched);
-                CellRun run = {{sums[0], sums[1], sums[2], sums[3]},
-                               {0.7f, 1.3f, 0.01f, 0.9f},
-                               {100, 0, 7.5f, 3000},
-                               {{1.6f, -0.5f, -0.1f}, {-0.02f, 1.3f, -0.3f}, {1e9f, -1e9f, 0}},
-                               cells,
-                               reinterpret_cast<std::uint16_t(*)[kColors]>(levels.data())};
-                kernels->finishCells(run);
-                EXPECT_EQ(levels.back(), kUntouched) << width;
-                std::uint32_t expectedSum = 0;
-                for (std::uint32_t x = 0; x < std::min(side, width); x += 2)
-                    for (std::uint32_t y = 0; y < side; y += 2) expectedSum += rows[y][x];
-                if (side == 2) {
-                    ASSERT_EQ(sums[0][0], expectedSum) << width;
+            for (const CellBalance& balance : kBalances) {
+                std::vector<std::uint16_t> expected;
+                for (const Kernels* kernels : EachKernels()) {
+                    CellSums sums;
+                    SumBlock(*kernels, rows, kRowColors, side, side, width, sums);
+                    const std::uint32_t cells = (width + side - 1) / side;
+                    std::vector<std::uint16_t> levels(kColors * (cells + 1), kUntouched);
+                    const auto finish = [&] {
+                        EXPECT_EQ(levels.back(), kUntouched) << width;
+                        if (expected.empty()) expected = levels;
+                        ASSERT_EQ(levels, expected) << side << ' ' << width;
+                    };
+                    kernels->finishSums(
+                        balance, {{sums[0], sums[1], sums[2], sums[3]}, cells, AsCells(levels)});
+                    finish();
+                    if (side != 2 || width % 2 != 0) continue;
+                    ASSERT_EQ(sums[0][0], rows[0][0]) << width;
+                    // One sample of each colour is its own sum.
+                    kernels->finishSamples(
+                        balance,
+                        {{rows[0], rows[0] + 1, rows[1], rows[1] + 1}, cells, AsCells(levels)});
+                    finish();
                 }
-                if (expected.empty()) expected = levels;
-                ASSERT_EQ(levels, expected) << side << ' ' << width;
+            }
+        }
+    }
+}
+
+// Pixels of every count, at both steepnesses of the curve, and none behind them.
+TEST(Kernels, ToneCellsAsTheTableSays) {
+    for (const double white : {1000.0, 50000.0}) {
+        ToneTable tone;
+        FillToneTable(white, tone);
+        for (std::uint32_t count = 1; count < 600; count += count < 40 ? 1 : 37) {
+            Samples samples = NoiseSamples(kColors * count, 1, 16, count);
+            samples.values[1] = 0xFFFF;
+            samples.values[2] = 0;
+            for (const Kernels* kernels : EachKernels()) {
+                Bytes pixels(3 * std::size_t{count} + 1, 0xA5);
+                kernels->toneCells(AsCells(samples.values), count, tone, pixels.data());
+                for (std::size_t i = 0; i < 3 * std::size_t{count}; ++i)
+                    ASSERT_EQ(pixels[i], tone.ByteOf(samples.values[i / 3 * kColors + 2 - i % 3]))
+                        << count << ' ' << i;
+                ASSERT_EQ(pixels.back(), 0xA5) << count;
             }
         }
     }

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "rawdev/bitmap_painter.h"
+#include "rawdev/bitmap_writer.h"
 #include "rawdev/develop.h"
 #include "rawdev/pipeline.h"
 #include "rawdev/tone_curve.h"
@@ -55,13 +57,16 @@ Picture ReadBitmap(const Bytes& bytes) {
     return picture;
 }
 
-Picture Develop(const Bytes& file, std::uint32_t shrinkLevel) {
+Bytes DevelopBytes(const Bytes& file, std::uint32_t shrinkLevel) {
     RawDecodeState state;
     state.file.data = file.data();
     state.file.size = file.size();
     MemoryStream stream;
-    if (DevelopView(state, &stream, shrinkLevel) == 0) return {};
-    return ReadBitmap(stream.bytes);
+    return DevelopView(state, &stream, shrinkLevel) == 0 ? Bytes() : stream.bytes;
+}
+
+Picture Develop(const Bytes& file, std::uint32_t shrinkLevel) {
+    return ReadBitmap(DevelopBytes(file, shrinkLevel));
 }
 
 RawForm FormOf(std::uint32_t width, std::uint32_t height, std::uint32_t bits = 16) {
@@ -160,21 +165,21 @@ TEST(ToneCurve, IsThatOfBt709) {
         {256, 300, 255},
     };
     for (const Case& c : cases) {
-        std::vector<std::uint8_t> bytes(kToneEntries);
-        FillToneCurve(c.white, bytes.data());
-        EXPECT_EQ(bytes[c.level], c.byte) << c.white << ' ' << c.level;
+        ToneTable tone;
+        FillToneTable(c.white, tone);
+        EXPECT_EQ(tone.ByteOf(c.level), c.byte) << c.white << ' ' << c.level;
     }
 }
 
 TEST(ToneCurve, HoldsItsFormulaAtEveryLevel) {
-    std::vector<std::uint8_t> bytes(kToneEntries);
-    for (const double white : {256.0, 1234.5, 8000.0, 40000.0, 65528.0}) {
-        FillToneCurve(white, bytes.data());
-        for (std::uint32_t level = 0; level < kToneEntries; ++level) {
+    ToneTable tone;
+    for (const double white : {256.0, 1234.5, 8000.0, 8184.0, 8192.0, 40000.0, 65528.0, 2e6}) {
+        FillToneTable(white, tone);
+        for (std::uint32_t level = 0; level <= 0xFFFF; ++level) {
             const double light = level / white;
             const double value =
                 light > 0.018 ? 1.099 * std::pow(light, 0.45) - 0.099 : 4.5 * light;
-            ASSERT_EQ(bytes[level], static_cast<int>(std::min(255.0, 256 * value))) << level;
+            ASSERT_EQ(tone.ByteOf(level), static_cast<int>(std::min(255.0, 256 * value))) << level;
         }
     }
 }
@@ -250,6 +255,31 @@ TEST(Cells, AreMeansOfTheirVisibleSamples) {
 
                         << c.width << ' ' << c.level << " row " << y << " column " << x;
             }
+        }
+    }
+}
+
+// Uncompressed samples are read twice for the half size, once for white and once for the pixels;
+// the picture is that of the cells that a single reading keeps.
+TEST(Cells, ReadTwiceGiveThePictureOfThoseKept) {
+    for (const std::uint32_t width : {64u, 61u, 1300u}) {
+        for (std::uint32_t orientation = 1; orientation <= 8; ++orientation) {
+            const Samples samples = NoiseSamples(width, 150, 16, orientation);
+            const Bytes file = MosaicFile(samples, [&](TiffBuilder&, IfdBuilder& ifd) {
+                ifd.Short(274, {orientation}).Short(50717, {60000});
+            });
+            RawDecodeState state;
+            state.file.data = file.data();
+            state.file.size = file.size();
+            ASSERT_TRUE(LoadCells(state, 1));
+            BitmapPainter painter;
+            ASSERT_TRUE(painter.Start(state));
+            for (std::uint32_t row = 0; row < state.outputHeight; ++row)
+                painter.Paint(row, 0, &state.image[std::size_t{row} * state.outputWidth],
+                              state.outputWidth);
+            MemoryStream kept;
+            WriteBitmap(painter.Layout(), state.bitmap.get(), &kept);
+            EXPECT_EQ(kept.bytes, DevelopBytes(file, 1)) << width << ' ' << orientation;
         }
     }
 }
