@@ -139,6 +139,13 @@ void TakeActiveArea(RawDecodeState& state) {
     state.width = static_cast<std::uint16_t>(right - left);
 }
 
+// How much wider than high a DNG says its pixels are.
+void TakePixelAspect(RawDecodeState& state) {
+    const double across = ReadNumber(state.file, state.ifd.defaultScale, 0);
+    const double down = ReadNumber(state.file, state.ifd.defaultScale, 1);
+    if (across > 0 && down > 0) state.pixelAspect = across / down;
+}
+
 // Takes size, depth, loader and pattern from the raw directory.  False for sizes that no camera
 // has and for compressions that are not known.
 bool TakeRawIfd(RawDecodeState& state, const RawIfd& ifd) {
@@ -160,6 +167,7 @@ bool TakeRawIfd(RawDecodeState& state, const RawIfd& ifd) {
     }
     state.cfaPattern = ReadCfaPattern(state.file, ifd);
     if (state.isDng) TakeActiveArea(state);
+    if (state.isDng) TakePixelAspect(state);
     return true;
 }
 

@@ -13,6 +13,7 @@
 #include "rawdev/dng_tiles.h"
 #include "rawdev/highlights.h"
 #include "rawdev/identify.h"
+#include "rawdev/reshape.h"
 
 namespace qmx {
 namespace {
@@ -62,6 +63,11 @@ bool IsMosaic(const RawDecodeState& state) {
     return state.cfaPattern != 0 && state.shrinkShift == 0;
 }
 
+// Highlights look at the cells around, and so do cells that move.
+bool NeedsAllCells(const RawDecodeState& state) {
+    return MendsHighlights(state) || IsReshaped(state);
+}
+
 bool AllocateBuffers(RawDecodeState& state) {
     if (state.sampleCurve == nullptr)
         state.sampleCurve = AllocateZeroed<std::uint16_t>(kCurveEntries);
@@ -100,28 +106,28 @@ bool Load(RawDecodeState& state, CellUse use, BitmapPainter* painter = nullptr) 
 
 bool LoadImage(RawDecodeState& state) {
     if (!AllocateImage(state)) return false;
-    // Highlights are mended in the camera's colours: until then the matrix waits.
+    // What needs all cells works in the camera's colours: until then the matrix waits.
     const bool rawColor = state.rawColor;
-    state.rawColor |= MendsHighlights(state);
+    state.rawColor |= NeedsAllCells(state);
     const bool loaded = Load(state, CellUse::kKeep);
     state.rawColor = rawColor;
     return loaded;
 }
 
-// What was left to do until all cells were there: at full size each still lacks the colours that
-// its sensor cell did not see, and highlights look at the cells around.
+// What was left to do until all cells were there; at full size each still lacks the colours that
+// its sensor cell did not see.
 bool FinishColors(RawDecodeState& state) {
-    if (!IsMosaic(state) && !MendsHighlights(state)) return true;
-    CellColor color(state);
-    const std::uint64_t cells = std::uint64_t{state.outputHeight} * state.outputWidth;
+    if (!IsMosaic(state) && !NeedsAllCells(state)) return true;
+    const auto cells = [&state] { return std::uint64_t{state.outputHeight} * state.outputWidth; };
     if (IsMosaic(state)) {
-        color.BalanceCells(state.image.get(), cells);
+        CellColor(state).BalanceCells(state.image.get(), cells());
         FoldGreens(state);
         if (!Demosaic(state)) return false;
     }
     if (MendsHighlights(state) && !MendHighlights(state)) return false;
+    if (!Reshape(state)) return false;
     std::memset(state.channelHistogram.get(), 0, kColors * sizeof state.channelHistogram[0]);
-    color.ConvertCells(state.image.get(), cells);
+    CellColor(state).ConvertCells(state.image.get(), cells());
     return true;
 }
 
@@ -129,7 +135,7 @@ bool FinishColors(RawDecodeState& state) {
 // keeping the cells in between: where samples need no decoding, a new reading costs less than the
 // first touch of the memory for so many cells.
 bool ReadsTwice(const RawDecodeState& state) {
-    return state.shrinkShift == 1 && state.loader->rowBytes != nullptr && !MendsHighlights(state);
+    return state.shrinkShift == 1 && state.loader->rowBytes != nullptr && !NeedsAllCells(state);
 }
 
 bool PaintTwiceRead(RawDecodeState& state, BitmapPainter& painter) {

@@ -84,6 +84,9 @@ struct RawDecodeState {
     std::uint32_t bitsPerSample = 12;
     bool repairZeros = false;  // samples of 0 are dead cells
 
+    std::uint16_t diagonalWidth = 0;  // sensor cells from a diagonal picture's corner; 0: upright
+    double pixelAspect = 1;           // a pixel's width over its height
+
     std::int32_t flip = -1;  // bit 4 transposes, 2 reverses rows, 1 reverses columns; -1 unknown
 
     float cameraMultipliers[kColors] = {};

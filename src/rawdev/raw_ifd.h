@@ -39,7 +39,7 @@ struct RawIfd {
     TagValues offsets;  // of strips or tiles
     TagValues byteCounts;
     TagValues cfaRepeat, cfaPattern;
-    TagValues linearization, activeArea, whiteLevel;
+    TagValues linearization, activeArea, whiteLevel, defaultScale;
     TagValues blackRepeat, blackLevel, blackDeltaH, blackDeltaV;
 };
 

@@ -266,6 +266,7 @@ constexpr RawTagRow kTags[] = {
     {50715, StoreIfdValues<&RawIfd::blackDeltaH>},
     {50716, StoreIfdValues<&RawIfd::blackDeltaV>},
     {50717, StoreIfdValues<&RawIfd::whiteLevel>},
+    {50718, StoreIfdValues<&RawIfd::defaultScale>},
     {50721, StoreColorOf<&Color::colorMatrix, 0>},
     {50722, StoreColorOf<&Color::colorMatrix, 1>},
     {50723, StoreColorOf<&Color::cameraCalibration, 0>},

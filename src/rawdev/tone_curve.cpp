@@ -57,6 +57,7 @@ void FillBetween(double whiteLevel, ToneEntry low, ToneEntry high, ToneTable& to
 
 std::uint32_t FindWhiteBin(const RawDecodeState& state) {
     double mayClip = 0.01 * state.outputWidth * state.outputHeight;
+    if (state.diagonalWidth != 0) mayClip /= 2;  // half of its cells lie outside the picture
     // Modes that keep highlights let nothing clip.
     if (state.highlightMode != 0 && state.highlightMode != 2) mayClip = -1;
     std::uint32_t white = 0;

@@ -438,6 +438,77 @@ TEST(Colors, HighlightsFadeOrAreRebuilt) {
     }
 }
 
+// A picture that grows brighter to the right, as a sensor turned by 45 degrees stores it.
+TEST(Shape, DiagonalPicturesStandUpright) {
+    constexpr std::uint32_t kHeight = 140, kWidth = 140, kCorner = 60;
+    const double step = std::sqrt(0.5);
+    Samples samples = {3 * kWidth, kHeight, {}};
+    for (std::uint32_t y = 0; y < kHeight; ++y)
+        for (std::uint32_t x = 0; x < kWidth; ++x) {
+            const double column = (static_cast<double>(x + kCorner) - y) / 2 / step;
+            const double light = std::clamp(500 * column, 0.0, 60000.0);
+            samples.values.insert(samples.values.end(), 3, static_cast<std::uint16_t>(light));
+        }
+    RawForm form = FormOf(kWidth, kHeight);
+    form.samplesPerPixel = 3;
+    const Bytes file = BuildRaw(form, PackWords(samples, Order::kLittle));
+    RawDecodeState state;
+    state.file.data = file.data();
+    state.file.size = file.size();
+    state.diagonalWidth = kCorner;
+    MemoryStream stream;
+    ASSERT_EQ(DevelopView(state, &stream, 1), 1u);
+    const Picture picture = ReadBitmap(stream.bytes);
+    ASSERT_EQ(picture.width, static_cast<std::uint32_t>(kCorner / step));
+    ASSERT_EQ(picture.height, static_cast<std::uint32_t>((kHeight - kCorner) / step));
+    ToneTable tone;
+    FillToneTable(FindWhiteLevel(state), tone);
+    for (std::uint32_t y = 0; y < picture.height; ++y)
+        for (std::uint32_t x = 2; x + 2 < picture.width; ++x)
+            ASSERT_NEAR(picture.At(y, x).green, tone.ByteOf(500 * x), 1) << y << ' ' << x;
+}
+
+// Rows and columns that say which they are, stored at half their height or width.
+TEST(Shape, PixelsBecomeSquare) {
+    struct Case {
+        std::uint32_t across, down, width, height;
+    };
+    for (const Case& c : {Case{1, 1, 48, 40}, Case{1, 2, 48, 80}, Case{4, 2, 96, 40},
+                          Case{9, 1, 48, 40}, Case{0, 1, 48, 40}}) {
+        Samples samples = {3 * 48, 40, {}};
+        for (std::uint32_t y = 0; y < 40; ++y)
+            for (std::uint32_t x = 0; x < 48; ++x)
+                for (const std::uint32_t level : {1000 * y, 1000 * x, 0u})
+                    samples.values.push_back(static_cast<std::uint16_t>(level));
+        DngForm form;
+        static_cast<RawForm&>(form) = FormOf(48, 40);
+        form.samplesPerPixel = 3;
+        form.more = [&c](TiffBuilder&, IfdBuilder& ifd) {
+            ifd.Rational(50718, {{c.across, 1}, {c.down, 1}});
+        };
+        const Bytes file = BuildDng(
+            form, samples, [](const Samples& part) { return PackWords(part, Order::kLittle); });
+        RawDecodeState state;
+        state.file.data = file.data();
+        state.file.size = file.size();
+        MemoryStream stream;
+        ASSERT_EQ(DevelopView(state, &stream, 3), 1u);
+        const Picture picture = ReadBitmap(stream.bytes);
+        ASSERT_EQ(picture.width, c.width);
+        ASSERT_EQ(picture.height, c.height);
+        ToneTable tone;
+        FillToneTable(FindWhiteLevel(state), tone);
+        for (std::uint32_t y = 1; y + 1 < c.height; ++y)
+            for (std::uint32_t x = 1; x + 1 < c.width; ++x) {
+                const double row = (y + 0.5) * 40 / c.height - 0.5;
+                const double column = (x + 0.5) * 48 / c.width - 0.5;
+                const Pixel expected = {tone.ByteOf(static_cast<std::uint32_t>(1000 * row)),
+                                        tone.ByteOf(static_cast<std::uint32_t>(1000 * column)), 0};
+                ASSERT_EQ(picture.At(y, x), expected) << y << ' ' << x;
+            }
+    }
+}
+
 struct Told {
     UINT32 result;
     InfoRequest record;
