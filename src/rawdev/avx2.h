@@ -18,6 +18,15 @@
 
 namespace qmx {
 
+using Ints = __m256i;
+
+QMX_AVX2_INLINE Ints LoadInts(const void* p) {
+    return _mm256_loadu_si256(static_cast<const Ints*>(p));
+}
+QMX_AVX2_INLINE void StoreInts(void* p, Ints value) {
+    _mm256_storeu_si256(static_cast<Ints*>(p), value);
+}
+
 void Unpack12Avx2(const std::uint8_t* src, std::uint32_t count, std::uint16_t* dst);
 void Unpack12PaddedAvx2(const std::uint8_t* src, std::uint32_t count, std::uint16_t* dst);
 void UnpackBitsAvx2(const std::uint8_t* src, std::uint32_t count, std::uint32_t bits,
