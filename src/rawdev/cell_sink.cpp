@@ -137,7 +137,8 @@ void CellSink::ReduceBlock(std::uint32_t outRow) {
             color_.FinishSums(sums, CountColors(state_->cfaPattern, top, rows, restColumns),
                               wholeCells, 1, cells + wholeCells);
         UseCells(outRow, column, wholeCells + (restColumns != 0 ? 1 : 0));
-        for (std::uint32_t row = 0; row < rows; ++row) samples[row] += kRunCells * side;
+        for (std::uint32_t row = 0; row < rows; ++row)
+            samples[row] += std::size_t{kRunCells} * side;
     }
 }
 
@@ -152,7 +153,7 @@ void CellSink::ReduceQuads(std::uint32_t outRow) {
         const std::uint32_t count = std::min(kRunCells, state_->outputWidth - column);
         color_.FinishSamples(samples, count, PlaceOf(outRow, column));
         UseCells(outRow, column, count);
-        for (auto& first : samples) first += 2 * kRunCells;
+        for (auto& first : samples) first += 2 * std::size_t{kRunCells};
     }
 }
 

@@ -58,7 +58,8 @@ bool Resample(RawDecodeState& state, double height, double width, PlaceOf&& plac
                 };
                 const float above = across(y.first);
                 const float level = above + (across(y.second) - above) * y.weight;
-                cells[row * columns + column][color] = static_cast<std::uint16_t>(level + 0.5f);
+                cells[row * columns + column][color] =
+                    static_cast<std::uint16_t>(std::lround(level));
             }
         }
     }
