@@ -14,39 +14,42 @@ using test::Samples;
 constexpr std::uint32_t kWidth = 60;
 constexpr std::uint32_t kHeight = 28;
 
-// What makes the form of the file, see rawdev_fuzz.h.
-Bytes FormHead(std::uint32_t width, std::uint32_t height, std::uint32_t bits) {
+// What makes the form of the file, see rawdev_fuzz.cpp.
+Bytes FormHead(std::uint32_t bits, std::uint32_t width = kWidth, std::uint32_t height = kHeight) {
     return ByteWriter(Order::kLittle).U8(width - 1).U8(height - 22).U8(bits - 8).U8(0).bytes;
 }
 
 void AddRawSeeds(TargetSeeds& seeds) {
+    const auto add = [&](const std::string& loader, const std::string& name, const Bytes& input) {
+        seeds.push_back({"rawdev_" + loader + "_fuzz", {name, input}});
+    };
     const Samples twelve = test::SmoothSamples(kWidth, kHeight, 12);
-    const Bytes head = FormHead(kWidth, kHeight, 12);
-    for (std::uint32_t predictor = 1; predictor <= 7; ++predictor) {
-        const Bytes stream = test::WriteLosslessJpeg(
-            twelve, {.components = 1 + predictor % 2, .predictor = predictor});
-        seeds.push_back({"rawdev_jpeg_fuzz", {std::to_string(predictor), head + stream}});
+    for (const std::uint32_t bits : {8u, 12u, 14u, 16u}) {
+        const Samples samples = test::SmoothSamples(kWidth, kHeight, bits);
+        if (bits == 8) add("eightbit", "8", FormHead(8) + test::PackBits(samples, 8));
+        if (bits > 12)
+            add("words", std::to_string(bits),
+                FormHead(bits) + test::PackWords(samples, Order::kLittle));
+        // One tile that every place of the picture shares.
+        const Samples tile = samples.Cut(0, 0, 16, 24);
+        add("dng", std::to_string(bits),
+            FormHead(bits) + Bytes{23, 15, 5, 1} + test::PackBits(tile, bits));
     }
-    seeds.push_back({"rawdev_paired_fuzz", {"12", head + test::WritePairedJpeg(twelve, 12)}});
-    // The height chooses the compression.
-    for (std::uint32_t i = 0; i < 4; ++i)
-        for (const std::uint32_t bits : {8u, 12u, 14u, 16u})
-            seeds.push_back(
-                {"rawdev_plain_fuzz",
-                 {std::to_string(i) + "-" + std::to_string(bits),
-                  FormHead(kWidth, kHeight + i, bits) +
-                      test::PackBits(test::SmoothSamples(kWidth, kHeight + i, bits), bits)}});
+    for (const char* loader : {"packed12", "packed32773"})
+        add(loader, "12", FormHead(12) + test::PackBits(twelve, 12));
+    for (const char* loader : {"padded12", "epson12"})
+        add(loader, "12", FormHead(12) + test::PackPadded12(twelve));
+    for (std::uint32_t predictor = 1; predictor <= 7; ++predictor)
+        add("jpeg", std::to_string(predictor),
+            FormHead(12) + test::WriteLosslessJpeg(
+                               twelve, {.components = 1 + predictor % 2, .predictor = predictor}));
+    for (const std::uint32_t form : {0u, 1u, 3u, 5u})
+        add("dngjpeg", std::to_string(form),
+            FormHead(12) + Bytes{23, 15, 5, static_cast<std::uint8_t>(form)} +
+                test::WriteLosslessJpeg(twelve.Cut(0, 0, 16, 24), {}));
+    add("paired", "12", FormHead(12) + test::WritePairedJpeg(twelve, 12));
     Samples blocks = test::SmoothSamples(56, 22, 12);
-    seeds.push_back(
-        {"rawdev_blocks_fuzz", {"56", FormHead(45, 22, 12) + test::PackBlocks(blocks)}});
-    const Bytes tile = test::WriteLosslessJpeg(test::SmoothSamples(24, 16, 12), {});
-    for (const std::uint32_t minor : {0u, 2u}) {
-        const Bytes table = {23, 15, 5, static_cast<std::uint8_t>(minor | 1)};
-        seeds.push_back(
-            {"rawdev_tiles_fuzz", {"jpeg-" + std::to_string(minor), head + table + tile}});
-    }
-    const Bytes packed = test::PackBits(test::SmoothSamples(24, 16, 12), 12);
-    seeds.push_back({"rawdev_tiles_fuzz", {"packed", head + Bytes{23, 15, 5, 2} + packed}});
+    add("blocks", "56", FormHead(12, 45, 22) + test::PackBlocks(blocks));
 }
 
 // What makes the sections, see x3f_section_fuzz.cpp.

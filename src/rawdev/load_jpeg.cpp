@@ -1,4 +1,5 @@
-// The whole picture as one stream of lossless JPEG, its samples row by row from the first column.
+// The whole picture as one stream of lossless JPEG (ITU-T T.81, annex H), its samples row by row
+// from the first column.
 
 #include "rawdev/cell_sink.h"
 #include "rawdev/loaders.h"

@@ -1,4 +1,4 @@
-// Rows of Panasonic's block code.
+// Rows of Panasonic's block code, see block_groups.h.
 
 #include <algorithm>
 
