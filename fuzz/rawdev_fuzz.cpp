@@ -49,7 +49,7 @@ void Develop(const Bytes& file) {
 
 // Strips and tiles of DNG that share the data.
 void DevelopTiles(test::RawForm& form, const Bytes& data) {
-    constexpr std::uint32_t kDataAt = 700;  // behind the directory
+    constexpr std::uint32_t kDataAt = 1024;  // behind the directory
     if (data.size() < 4) return;
     const std::vector<std::uint32_t> offsets(1 + data[2] % 16, kDataAt);
     form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
@@ -57,9 +57,10 @@ void DevelopTiles(test::RawForm& form, const Bytes& data) {
         ifd.Long(322, {1u + data[0]}).Long(323, {1u + data[1]}).Long(324, offsets);
         ifd.Short(50712, {0, 3, 900}).Short(50713, {2, 2}).Short(50714, {1, 9, 30, 4});
         ifd.Rational(50718, {{1 + (data[3] >> 1 & 1u), 1}, {1 + (data[3] >> 2 & 1u), 1}});
-        ifd.Short(50829, {1, 1, 20, 40});
+        ifd.Short(50829, {0, form.width / 2, form.height, form.width});
     };
     Bytes file = test::BuildRaw(form, {});
+    Check(file.size() <= kDataAt);
     file.resize(kDataAt);
     file.insert(file.end(), data.begin() + 4, data.end());
     Develop(file);
