@@ -32,9 +32,7 @@ constexpr Kind kKind = Kind::QMX_FUZZ_LOADER;
 // The stream is untouched, or holds one whole bitmap of the size that the dimensions make.
 void Develop(const Bytes& file) {
     for (const std::uint32_t level : {0u, 1u, 3u}) {
-        RawDecodeState state;
-        state.file.data = file.data();
-        state.file.size = file.size();
+        RawDecodeState state = test::StateOf(file);
         test::MemoryStream stream;
         const std::uint32_t written = DevelopView(state, &stream, level);
         Check(state.error == S_OK);

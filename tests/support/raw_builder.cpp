@@ -380,6 +380,23 @@ Bytes WritePairedJpeg(const Samples& samples, std::uint32_t precision) {
     return JpegHeader(form, samples.width, samples.height, 8) + bits.bytes;
 }
 
+RawForm FormOf(std::uint32_t width, std::uint32_t height, std::uint32_t bits,
+               std::uint32_t compression) {
+    RawForm form;
+    form.width = width;
+    form.height = height;
+    form.bits = bits;
+    form.compression = compression;
+    return form;
+}
+
+RawDecodeState StateOf(const Bytes& file) {
+    RawDecodeState state;
+    state.file.data = file.data();
+    state.file.size = file.size();
+    return state;
+}
+
 Bytes BuildRaw(const RawForm& form, const Bytes& data) {
     TiffBuilder tiff(form.order);
     IfdBuilder& ifd = tiff.Ifd();

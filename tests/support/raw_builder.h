@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "rawdev/raw_decode_state.h"
 #include "support/tiff_builder.h"
 
 namespace qmx::test {
@@ -69,7 +70,12 @@ struct RawForm {
     std::string model = "One";
     std::function<void(TiffBuilder&, IfdBuilder&)> more = nullptr;  // further tags
 };
+RawForm FormOf(std::uint32_t width, std::uint32_t height, std::uint32_t bits = 16,
+               std::uint32_t compression = 1);
 Bytes BuildRaw(const RawForm& form, const Bytes& data);
+
+// The start of a development of `file`, which must outlive it.
+RawDecodeState StateOf(const Bytes& file);
 
 // A DNG of one directory in tiles; a tile height of 0 makes strips of `tileWidth` rows.
 struct DngForm : RawForm {

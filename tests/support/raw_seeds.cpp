@@ -4,11 +4,7 @@ namespace qmx::test {
 namespace {
 
 RawForm SeedForm(const Samples& samples, std::uint32_t bits, std::uint32_t compression) {
-    RawForm form;
-    form.width = samples.width;
-    form.height = samples.height;
-    form.bits = bits;
-    form.compression = compression;
+    RawForm form = FormOf(samples.width, samples.height, bits, compression);
     form.more = [](TiffBuilder& tiff, IfdBuilder& ifd) {
         IfdBuilder& exif = tiff.SubIfd();
         exif.Rational(33434, {{1, 60}}).Short(34855, {100}).Ascii(36867, "2008:07:31 12:34:56");

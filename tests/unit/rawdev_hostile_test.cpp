@@ -13,9 +13,7 @@ namespace {
 // sanitizers see a read beyond them.
 std::uint32_t DevelopExact(const Bytes& bytes, std::uint32_t shrinkLevel) {
     const Bytes exact(bytes.begin(), bytes.end());
-    RawDecodeState state;
-    state.file.data = exact.data();
-    state.file.size = exact.size();
+    RawDecodeState state = StateOf(exact);
     MemoryStream stream;
     const std::uint32_t written = DevelopView(state, &stream, shrinkLevel);
     EXPECT_EQ(stream.writes, written != 0 ? 3 : 0);
@@ -67,26 +65,16 @@ TEST(HostileRaw, DamagedSampleData) {
     }
 }
 
-RawForm FormOf(std::uint32_t width, std::uint32_t height, std::uint32_t compression,
-               std::uint32_t bits) {
-    RawForm form;
-    form.width = width;
-    form.height = height;
-    form.compression = compression;
-    form.bits = bits;
-    return form;
-}
-
 TEST(HostileRaw, DimensionsThatNoDataBack) {
     for (const std::uint32_t compression : {0u, 1u, 6u, 7u, 99u, 32769u, 32773u})
         for (const std::uint32_t bits : {0u, 8u, 12u, 14u, 16u, 64u})
             for (const std::uint32_t side : {65535u, 0xFFFFFFFFu, 0u})
                 EXPECT_EQ(
-                    DevelopExact(BuildRaw(FormOf(side, side, compression, bits), Bytes(1000)), 0),
+                    DevelopExact(BuildRaw(FormOf(side, side, bits, compression), Bytes(1000)), 0),
                     0u);
     // As small as it gets.
-    EXPECT_EQ(DevelopExact(BuildRaw(FormOf(1, 1, 1, 16), Bytes(1000)), 1), 0u);
-    EXPECT_EQ(DevelopExact(BuildRaw(FormOf(1, 22, 1, 16), Bytes(1000)), 3), 1u);
+    EXPECT_EQ(DevelopExact(BuildRaw(FormOf(1, 1, 16, 1), Bytes(1000)), 1), 0u);
+    EXPECT_EQ(DevelopExact(BuildRaw(FormOf(1, 22, 16, 1), Bytes(1000)), 3), 1u);
 }
 
 TEST(HostileRaw, MarginsBeyondTheImage) {
@@ -105,7 +93,7 @@ TEST(HostileRaw, MarginsBeyondTheImage) {
             DevelopExact(file, 1);
         }
     }
-    RawForm form = FormOf(7262, 30, 1, 16);  // 5444 rows are wanted of the 30
+    RawForm form = FormOf(7262, 30, 16, 1);  // 5444 rows are wanted of the 30
     form.make = "Hasselblad";
     DevelopExact(BuildRaw(form, Bytes(7262 * 60)), 3);
 }
@@ -122,7 +110,7 @@ TEST(HostileRaw, DirectoriesThatPointAnywhere) {
     }
     for (const std::uint32_t offset : {0u, 1u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
         for (const std::uint32_t count : {1u, 0x20000000u, 0xFFFFFFFFu}) {
-            RawForm form = FormOf(64, 48, 1, 12);
+            RawForm form = FormOf(64, 48, 12, 1);
             form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
                 for (const int tag : {305, 306, 330, 33422, 34665, 50454, 50714, 50728})
                     ifd.Raw(static_cast<std::uint16_t>(tag), 4, count, offset);
@@ -137,7 +125,7 @@ TEST(HostileRaw, StripsAndAreasAnywhere) {
         for (const std::uint32_t compression : {0u, 1u, 6u, 7u, 32769u, 32773u}) {
             for (const std::uint32_t offset : {0u, 1u, 700u, 4999u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
                 for (const std::uint32_t bits : {0u, 8u, 12u, 16u, 64u, 0xFFFFu}) {
-                    RawForm form = FormOf(64, 48, compression, bits);
+                    RawForm form = FormOf(64, 48, bits, compression);
                     form.make = make;
                     form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
                         ifd.Long(273, {offset}).Long(280, {offset}).Short(45, {4});
@@ -152,7 +140,7 @@ TEST(HostileRaw, StripsAndAreasAnywhere) {
         {0, 0, 65535, 65535}, {47, 63, 48, 64},        {10, 10, 5, 5}, {0, 0, 0, 0},
         {26, 63, 48, 64},     {0xFFFFFFFF, 0, 22, 64}, {20, 0, 0, 64}};
     for (const auto& area : areas) {
-        RawForm form = FormOf(64, 48, 1, 16);
+        RawForm form = FormOf(64, 48, 16, 1);
         form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
             ifd.Byte(50706, {1, 4, 0, 0}).Long(50829, area);
         };
@@ -183,7 +171,7 @@ TEST(HostileRaw, TileTablesThatLie) {
     for (const std::uint32_t compression : {1u, 7u}) {
         for (const Case& c : cases) {
             for (const std::uint32_t count : {1u, 4u, 0x40000000u, 0xFFFFFFFFu}) {
-                RawForm form = FormOf(64, 48, compression, 12);
+                RawForm form = FormOf(64, 48, 12, compression);
                 form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
                     ifd.Byte(50706, {1, 4, 0, 0}).Long(322, {c.width}).Long(323, {c.height});
                     ifd.Raw(324, 4, count, 8).Raw(325, 4, count, 8);
@@ -199,7 +187,7 @@ TEST(HostileRaw, TilesThatShareOneStream) {
     const Bytes stream = WriteLosslessJpeg(
         {60000, 20, std::vector<std::uint16_t>(60000 * 20, 2048)}, {.components = 4});
     const auto build = [&](std::uint32_t offset) {
-        RawForm form = FormOf(22, 65535, 7, 12);
+        RawForm form = FormOf(22, 65535, 12, 7);
         form.more = [&](TiffBuilder&, IfdBuilder& ifd) {
             ifd.Byte(50706, {1, 4, 0, 0}).Long(322, {0xFFFFFFFF}).Long(323, {1});
             ifd.Long(324, std::vector<std::uint32_t>(65535, offset));
@@ -221,7 +209,7 @@ TEST(HostileRaw, TextsThatAreReadOverAndOver) {
 
 TEST(HostileRaw, HuffmanTablesThatLie) {
     const Samples samples = SmoothSamples(64, 48, 12);
-    const Bytes sound = BuildRaw(FormOf(64, 48, 7, 12), WriteLosslessJpeg(samples, {}));
+    const Bytes sound = BuildRaw(FormOf(64, 48, 12, 7), WriteLosslessJpeg(samples, {}));
     const Bytes table = {0xFF, 0xC4};
     const auto found = std::search(sound.begin(), sound.end(), table.begin(), table.end());
     ASSERT_NE(found, sound.end());

@@ -22,11 +22,7 @@ bool Identify(const Bytes& file, RawDecodeState& state) {
 Bytes Directory(const std::function<void(TiffBuilder&, IfdBuilder&)>& more,
                 const std::string& make = "ACME", std::uint32_t compression = 1,
                 std::uint32_t bits = 16) {
-    RawForm form;
-    form.width = 64;
-    form.height = 48;
-    form.bits = bits;
-    form.compression = compression;
+    RawForm form = FormOf(64, 48, bits, compression);
     form.make = make;
     form.more = more;
     return BuildRaw(form, Bytes(100));
@@ -258,9 +254,7 @@ TEST(CameraRules, GiveThePanasonicBodiesTheirVisibleArea) {
 }
 
 TEST(CameraRules, HasselbladMargins) {
-    RawForm form;
-    form.width = 7262;
-    form.height = 5456;
+    RawForm form = FormOf(7262, 5456);
     form.make = "Hasselblad";
     RawDecodeState state;
     ASSERT_TRUE(Identify(BuildRaw(form, {}), state));
@@ -272,9 +266,7 @@ TEST(CameraRules, HasselbladMargins) {
 }
 
 TEST(CameraRules, TheNamelessCameraIsKnownByItsSize) {
-    RawForm form;
-    form.width = 100;
-    form.height = 100;
+    RawForm form = FormOf(100, 100);
     Bytes file = BuildRaw(form, Bytes(10));
     file.resize(6114240);
     RawDecodeState state;
@@ -305,9 +297,7 @@ TEST(RawColors, FollowFromTheMatrix) {
         {"Panasonic", "DMC-L1", {1.608760f, -0.565523f, -0.043237f}},
     };
     for (const Case& c : cases) {
-        RawForm form;
-        form.width = 64;
-        form.height = 48;
+        RawForm form = FormOf(64, 48);
         form.make = c.make;
         form.model = c.model;
         RawDecodeState state;
@@ -319,9 +309,7 @@ TEST(RawColors, FollowFromTheMatrix) {
     }
     // A name that only begins like a known one is another camera.
     for (const char* model : {"DMC-L12", "DMC-FZ80", "R"}) {
-        RawForm form;
-        form.width = 64;
-        form.height = 48;
+        RawForm form = FormOf(64, 48);
         form.make = "Panasonic";
         form.model = model;
         RawDecodeState state;

@@ -179,9 +179,7 @@ TEST(Kernels, DevelopEveryLayoutAlike) {
         for (const std::uint32_t level : {0u, 1u, 3u}) {
             Bytes bitmaps[2];
             for (const Kernels* kernels : EachKernels()) {
-                RawDecodeState state;
-                state.file.data = seed.bytes.data();
-                state.file.size = seed.bytes.size();
+                RawDecodeState state = StateOf(seed.bytes);
                 state.kernels = kernels;
                 MemoryStream stream;
                 DevelopView(state, &stream, level);

@@ -12,9 +12,7 @@ namespace {
 
 // The visible samples as a loader delivers them; empty when the file is refused.
 Samples Load(const Bytes& file) {
-    RawDecodeState state;
-    state.file.data = file.data();
-    state.file.size = file.size();
+    RawDecodeState state = StateOf(file);
     if (!LoadCells(state, 0)) return {};
     const std::uint32_t planes = state.samplesPerPixel;
     Samples samples = {state.width * planes, state.height, {}};
@@ -37,12 +35,7 @@ void ExpectSame(const Samples& loaded, const Samples& expected, const std::strin
 }
 
 RawForm FormOf(const Samples& samples, std::uint32_t bits, std::uint32_t compression) {
-    RawForm form;
-    form.width = samples.width;
-    form.height = samples.height;
-    form.bits = bits;
-    form.compression = compression;
-    return form;
+    return test::FormOf(samples.width, samples.height, bits, compression);
 }
 
 TEST(PlainLoaders, ReproduceEverySample) {

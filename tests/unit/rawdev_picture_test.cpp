@@ -58,23 +58,13 @@ Picture ReadBitmap(const Bytes& bytes) {
 }
 
 Bytes DevelopBytes(const Bytes& file, std::uint32_t shrinkLevel) {
-    RawDecodeState state;
-    state.file.data = file.data();
-    state.file.size = file.size();
+    RawDecodeState state = StateOf(file);
     MemoryStream stream;
     return DevelopView(state, &stream, shrinkLevel) == 0 ? Bytes() : stream.bytes;
 }
 
 Picture Develop(const Bytes& file, std::uint32_t shrinkLevel) {
     return ReadBitmap(DevelopBytes(file, shrinkLevel));
-}
-
-RawForm FormOf(std::uint32_t width, std::uint32_t height, std::uint32_t bits = 16) {
-    RawForm form;
-    form.width = width;
-    form.height = height;
-    form.bits = bits;
-    return form;
 }
 
 Bytes MosaicFile(const Samples& samples, std::function<void(TiffBuilder&, IfdBuilder&)> more = {}) {
@@ -85,9 +75,7 @@ Bytes MosaicFile(const Samples& samples, std::function<void(TiffBuilder&, IfdBui
 
 TEST(Bitmap, IsWrittenAsOneSequence) {
     const Bytes file = MosaicFile(NoiseSamples(65, 30, 16));
-    RawDecodeState state;
-    state.file.data = file.data();
-    state.file.size = file.size();
+    RawDecodeState state = StateOf(file);
     MemoryStream stream;
     stream.position = 17;
     ASSERT_EQ(DevelopView(state, &stream, 1), 1u);
@@ -224,9 +212,7 @@ TEST(Cells, AreMeansOfTheirVisibleSamples) {
         };
         const Bytes file =
             BuildDng(form, samples, [](const Samples& part) { return PackBits(part, 14); });
-        RawDecodeState state;
-        state.file.data = file.data();
-        state.file.size = file.size();
+        RawDecodeState state = StateOf(file);
         ASSERT_TRUE(LoadCells(state, c.level));
         const std::uint32_t side = 1u << c.level;
         constexpr double kMultipliers[] = {2, 1, 1.5, 1};
@@ -268,9 +254,7 @@ TEST(Cells, ReadTwiceGiveThePictureOfThoseKept) {
             const Bytes file = MosaicFile(samples, [&](TiffBuilder&, IfdBuilder& ifd) {
                 ifd.Short(274, {orientation}).Short(50717, {60000});
             });
-            RawDecodeState state;
-            state.file.data = file.data();
-            state.file.size = file.size();
+            RawDecodeState state = StateOf(file);
             ASSERT_TRUE(LoadCells(state, 1));
             BitmapPainter painter;
             ASSERT_TRUE(painter.Start(state));
@@ -306,9 +290,7 @@ TEST(Cells, DeadOnesTakeTheMeanOfTheirLikes) {
                            .Pad(512)
                            .Raw(PackWords(samples, Order::kLittle))
                            .bytes;
-    RawDecodeState state;
-    state.file.data = file.data();
-    state.file.size = file.size();
+    RawDecodeState state = StateOf(file);
     ASSERT_TRUE(LoadCells(state, 0));
     Samples mended = samples;
     for (const Place& place : dead) {  // in scan order
@@ -381,9 +363,7 @@ TEST(Colors, BalancedCameraColorsBecomeOutputColors) {
     form.model = "DMC-LX1";
     form.more = [](TiffBuilder&, IfdBuilder& ifd) { ifd.Short(50717, {65535}); };
     const Bytes file = BuildRaw(form, PackWords(samples, Order::kLittle));
-    RawDecodeState state;
-    state.file.data = file.data();
-    state.file.size = file.size();
+    RawDecodeState state = StateOf(file);
     ASSERT_TRUE(LoadCells(state, 1));
     EXPECT_NEAR(state.image[100][0] / 65535.0, 0.498551, 0.0005);
     EXPECT_NEAR(state.image[100][1] / 65535.0, 0.684791, 0.0005);
@@ -410,9 +390,7 @@ TEST(Colors, HighlightsFadeOrAreRebuilt) {
     const Bytes file = BuildDng(
         form, samples, [](const Samples& part) { return PackWords(part, Order::kLittle); });
     const auto develop = [&](std::int32_t mode, std::uint32_t level) {
-        RawDecodeState state;
-        state.file.data = file.data();
-        state.file.size = file.size();
+        RawDecodeState state = StateOf(file);
         state.highlightMode = mode;
         MemoryStream stream;
         EXPECT_EQ(DevelopView(state, &stream, level), 1u);
@@ -452,9 +430,7 @@ TEST(Shape, DiagonalPicturesStandUpright) {
     RawForm form = FormOf(kWidth, kHeight);
     form.samplesPerPixel = 3;
     const Bytes file = BuildRaw(form, PackWords(samples, Order::kLittle));
-    RawDecodeState state;
-    state.file.data = file.data();
-    state.file.size = file.size();
+    RawDecodeState state = StateOf(file);
     state.diagonalWidth = kCorner;
     MemoryStream stream;
     ASSERT_EQ(DevelopView(state, &stream, 1), 1u);
@@ -488,9 +464,7 @@ TEST(Shape, PixelsBecomeSquare) {
         };
         const Bytes file = BuildDng(
             form, samples, [](const Samples& part) { return PackWords(part, Order::kLittle); });
-        RawDecodeState state;
-        state.file.data = file.data();
-        state.file.size = file.size();
+        RawDecodeState state = StateOf(file);
         MemoryStream stream;
         ASSERT_EQ(DevelopView(state, &stream, 3), 1u);
         const Picture picture = ReadBitmap(stream.bytes);
