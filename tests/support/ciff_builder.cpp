@@ -21,10 +21,6 @@ CiffHeap& CiffHeap::Data(std::uint32_t type, const Bytes& data) {
     return Raw(type, SizeOf(data), position);
 }
 
-CiffHeap& CiffHeap::Text(std::uint32_t type, std::string_view text) {
-    return Data(type, FromText(text));
-}
-
 CiffHeap& CiffHeap::Words(std::uint32_t type, const std::vector<std::uint32_t>& words) {
     ByteWriter writer(order_);
     for (const std::uint32_t word : words) writer.U16(word);
@@ -37,14 +33,6 @@ CiffHeap& CiffHeap::Longs(std::uint32_t type, const std::vector<std::uint32_t>& 
     return Data(type, writer.bytes);
 }
 
-CiffHeap& CiffHeap::Inline(std::uint32_t type, const std::vector<std::uint32_t>& twoLongs) {
-    return Raw(type | 0x4000, twoLongs[0], twoLongs[1]);
-}
-
-CiffHeap& CiffHeap::Heap(std::uint32_t type, const CiffHeap& heap) {
-    return Data(type, heap.Build());
-}
-
 CiffHeap& CiffHeap::Raw(std::uint32_t type, std::uint32_t length, std::uint32_t position) {
     const Bytes entry = ByteWriter(order_).U16(type).U32(length).U32(position).bytes;
     entries_ = std::move(entries_) + entry;
@@ -52,18 +40,9 @@ CiffHeap& CiffHeap::Raw(std::uint32_t type, std::uint32_t length, std::uint32_t 
     return *this;
 }
 
-CiffHeap& CiffHeap::EntryCount(std::uint32_t stated) {
-    statedCount_ = stated;
-    return *this;
-}
-
 Bytes CiffHeap::Build() const {
-    return ByteWriter(order_)
-        .Raw(data_)
-        .U16(statedCount_ < 0 ? count_ : static_cast<std::uint32_t>(statedCount_))
-        .Raw(entries_)
-        .U32(SizeOf(data_))
-        .bytes;
+    const auto count = statedCount_ < 0 ? count_ : static_cast<std::uint32_t>(statedCount_);
+    return ByteWriter(order_).Raw(data_).U16(count).Raw(entries_).U32(SizeOf(data_)).bytes;
 }
 
 CiffHeap NamedHeap(Order order) {
@@ -73,22 +52,17 @@ CiffHeap NamedHeap(Order order) {
 }
 
 Bytes CiffFile(const CiffHeap& root) {
-    return ByteWriter(root.order())
-        .Raw(FromText(root.order() == Order::kLittle ? "II" : "MM"))
-        .U32(kCiffHeaderBytes)
-        .Raw(FromText("HEAPCCDR"))
-        .U32(0x00010002)
-        .Pad(kCiffHeaderBytes)
-        .Raw(root.Build())
-        .bytes;
+    ByteWriter file(root.order());
+    file.Raw(FromText(root.order() == Order::kLittle ? "II" : "MM")).U32(kCiffHeaderBytes);
+    file.Raw(FromText("HEAPCCDR")).U32(0x00010002).Pad(kCiffHeaderBytes);
+    return file.Raw(root.Build()).bytes;
 }
 
 Bytes FullCiff(Order order, const Bytes& preview) {
     using namespace std::string_view_literals;
     CiffHeap camera = NamedHeap(order);
-    camera.Text(0x0810, "Owner\0"sv)
-        .Text(0x080B, "Firmware 1.1.1\0"sv)
-        .Inline(0x180B, {560018150, 0});
+    camera.Text(0x0810, "Owner\0"sv).Text(0x080B, "Firmware 1.1.1\0"sv);
+    camera.Inline(0x180B, {560018150, 0});
     CiffHeap shot(order);
     shot.Words(0x1029, {1, 24, 914, 610})
         .Words(0x102A, Sparse(33, {{2, 160}, {4, 117}, {5, 189}, {6, 0xFFF4}, {9, 3}}))
@@ -98,12 +72,9 @@ Bytes FullCiff(Order order, const Bytes& preview) {
         .Words(0x1093, Sparse(16, {{1, 0x0801}, {2, 0x0002}, {8, 1}}))
         .Inline(0x10AE, {order == Order::kLittle ? 5200u : 5200u << 16, 0});
     CiffHeap properties(order);
-    properties.Longs(0x1810, {3504, 2336, 0, 0, 8, 24, 257})
-        .Longs(0x180E, {1068485966, 0, 0})
-        .Inline(0x1817, {1161602, 0})
-        .Text(0x0815, "CRW:EOS 20D CMOS RAW\0"sv)
-        .Heap(0x2807, camera)
-        .Heap(0x300B, shot);
+    properties.Longs(0x1810, {3504, 2336, 0, 0, 8, 24, 257}).Longs(0x180E, {1068485966, 0, 0});
+    properties.Inline(0x1817, {1161602, 0}).Text(0x0815, "CRW:EOS 20D CMOS RAW\0"sv);
+    properties.Heap(0x2807, camera).Heap(0x300B, shot);
     CiffHeap root(order);
     root.Data(0x2005, Bytes(32, 7)).Data(0x2007, preview).Heap(0x300A, properties);
     return CiffFile(root);

@@ -14,14 +14,20 @@ public:
     explicit CiffHeap(Order order) : order_(order) {}
 
     CiffHeap& Data(std::uint32_t type, const Bytes& data);
-    CiffHeap& Text(std::uint32_t type, std::string_view text);  // as it stands
+    CiffHeap& Text(std::uint32_t type, std::string_view text) { return Data(type, FromText(text)); }
     CiffHeap& Words(std::uint32_t type, const std::vector<std::uint32_t>& words);
     CiffHeap& Longs(std::uint32_t type, const std::vector<std::uint32_t>& longs);
-    CiffHeap& Inline(std::uint32_t type, const std::vector<std::uint32_t>& twoLongs);
-    CiffHeap& Heap(std::uint32_t type, const CiffHeap& heap);
+    CiffHeap& Inline(std::uint32_t type, const std::vector<std::uint32_t>& twoLongs) {
+        return Raw(type | 0x4000, twoLongs[0], twoLongs[1]);
+    }
+    CiffHeap& Heap(std::uint32_t type, const CiffHeap& heap) { return Data(type, heap.Build()); }
     // An entry with this length and position.
     CiffHeap& Raw(std::uint32_t type, std::uint32_t length, std::uint32_t position);
-    CiffHeap& EntryCount(std::uint32_t stated);  // instead of the true one
+    // Instead of the true one.
+    CiffHeap& EntryCount(std::uint32_t stated) {
+        statedCount_ = stated;
+        return *this;
+    }
 
     Order order() const { return order_; }
     Bytes Build() const;

@@ -3,16 +3,8 @@
 namespace qmx::test {
 namespace {
 
-constexpr std::uint32_t kSizes[] = {1, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8};
-
 void PadToEven(Bytes& bytes) {
     if (bytes.size() % 2 != 0) bytes.push_back(0);
-}
-
-std::vector<Ratio> Ratios(const std::vector<std::uint32_t>& values) {
-    std::vector<Ratio> ratios;
-    for (const std::uint32_t value : values) ratios.push_back({value});
-    return ratios;
 }
 
 }  // namespace
@@ -44,6 +36,10 @@ ByteWriter& ByteWriter::Raw(const Bytes& more) {
     return *this;
 }
 
+ByteWriter& ByteWriter::Sized(const Bytes& more) {
+    return U32(static_cast<std::uint32_t>(more.size())).Raw(more);
+}
+
 ByteWriter& ByteWriter::Pad(std::size_t size) {
     if (bytes.size() < size) bytes.resize(size);
     return *this;
@@ -55,35 +51,19 @@ IfdBuilder& IfdBuilder::Value(std::uint16_t tag, std::uint16_t type, std::uint32
     return *this;
 }
 
-IfdBuilder& IfdBuilder::Numbers(std::uint16_t tag, std::uint16_t type,
-                                const std::vector<Ratio>& values) {
+IfdBuilder& IfdBuilder::Numbers(std::uint16_t tag, std::uint16_t type, const Values& values) {
     ByteWriter writer(order_);
-    for (const Ratio& value : values) {
-        const auto numerator = static_cast<std::uint32_t>(value.numerator);
-        switch (kSizes[type]) {
-            case 1: writer.U8(numerator); break;
-            case 2: writer.U16(numerator); break;
-            case 4: writer.U32(numerator); break;
-            default: writer.U32(numerator).U32(static_cast<std::uint32_t>(value.denominator));
-        }
-    }
+    for (const std::uint32_t value : values)
+        type == 1 ? writer.U8(value) : type == 3 ? writer.U16(value) : writer.U32(value);
     return Value(tag, type, static_cast<std::uint32_t>(values.size()), writer.bytes);
 }
 
-IfdBuilder& IfdBuilder::Byte(std::uint16_t tag, const std::vector<std::uint32_t>& values) {
-    return Numbers(tag, 1, Ratios(values));
-}
-IfdBuilder& IfdBuilder::Short(std::uint16_t tag, const std::vector<std::uint32_t>& values) {
-    return Numbers(tag, 3, Ratios(values));
-}
-IfdBuilder& IfdBuilder::Long(std::uint16_t tag, const std::vector<std::uint32_t>& values) {
-    return Numbers(tag, 4, Ratios(values));
-}
-IfdBuilder& IfdBuilder::Rational(std::uint16_t tag, const std::vector<Ratio>& values) {
-    return Numbers(tag, 5, values);
-}
-IfdBuilder& IfdBuilder::SRational(std::uint16_t tag, const std::vector<Ratio>& values) {
-    return Numbers(tag, 10, values);
+IfdBuilder& IfdBuilder::Pairs(std::uint16_t tag, std::uint16_t type, const Ratios& values) {
+    ByteWriter writer(order_);
+    for (const auto& [numerator, denominator] : values)
+        writer.U32(static_cast<std::uint32_t>(numerator))
+            .U32(static_cast<std::uint32_t>(denominator));
+    return Value(tag, type, static_cast<std::uint32_t>(values.size()), writer.bytes);
 }
 
 IfdBuilder& IfdBuilder::Ascii(std::uint16_t tag, std::string_view text) {
@@ -121,6 +101,21 @@ IfdBuilder& IfdBuilder::EntryCount(std::uint32_t stated) {
     return *this;
 }
 
+IfdBuilder& IfdBuilder::Camera(std::string_view make, std::string_view model) {
+    return Ascii(0x010F, make).Ascii(0x0110, model);
+}
+
+IfdBuilder& IfdBuilder::Preview(const Bytes& jpeg) {
+    return Data(0x0201, jpeg).Long(0x0202, {static_cast<std::uint32_t>(jpeg.size())});
+}
+
+IfdBuilder& IfdBuilder::Picture(std::uint32_t width, std::uint32_t height,
+                                std::uint32_t photometric, const Bytes& pixels) {
+    Long(0x0100, {width}).Long(0x0101, {height}).Short(0x0102, {8, 8, 8}).Short(0x0103, {1});
+    Short(0x0106, {photometric}).Data(0x0111, pixels);
+    return Long(0x0117, {static_cast<std::uint32_t>(pixels.size())}).Short(0x011C, {1});
+}
+
 std::uint32_t IfdBuilder::Size() const {
     std::size_t size = 2 + 12 * entries_.size() + 4;
     for (const Entry& entry : entries_)
@@ -129,14 +124,10 @@ std::uint32_t IfdBuilder::Size() const {
     return static_cast<std::uint32_t>(size);
 }
 
-TiffBuilder::~TiffBuilder() {
-    for (const IfdBuilder* ifd : ifds_) delete ifd;
-}
-
 IfdBuilder& TiffBuilder::Add(bool chained) {
-    ifds_.push_back(new IfdBuilder(order_));
-    ifds_.back()->chained_ = chained;
-    return *ifds_.back();
+    ifds_.push_back(IfdBuilder(order_));
+    ifds_.back().chained_ = chained;
+    return ifds_.back();
 }
 
 IfdBuilder& TiffBuilder::Ifd() { return Add(true); }
@@ -162,27 +153,25 @@ Bytes TiffBuilder::Build() {
     std::uint32_t position =
         header_.empty() ? kTiffHeader : static_cast<std::uint32_t>(header_.size());
     std::vector<IfdBuilder*> chain;
-    for (IfdBuilder* ifd : ifds_) {
-        ifd->position_ = position;
-        position += ifd->Size();
-        if (ifd->chained_) chain.push_back(ifd);
+    for (IfdBuilder& ifd : ifds_) {
+        ifd.position_ = position;
+        position += ifd.Size();
+        if (ifd.chained_) chain.push_back(&ifd);
     }
 
     ByteWriter file(order_);
-    if (header_.empty()) {
-        file.Raw(FromText(order_ == Order::kLittle ? "II" : "MM")).U16(42);
-        file.U32(chain.empty() ? lastNext_ : chain.front()->position_);
-    } else {
-        file.Raw(header_);
-    }
+    file.Raw(header_);
+    if (header_.empty())
+        file.Raw(FromText(order_ == Order::kLittle ? "II" : "MM"))
+            .U16(42)
+            .U32(chain.empty() ? lastNext_ : chain.front()->position_);
     std::size_t chained = 0;
-    for (IfdBuilder* ifd : ifds_) {
+    for (IfdBuilder& ifd : ifds_) {
         Bytes values;
-        std::uint32_t valuePosition =
-            ifd->position_ + 2 + 12 * static_cast<std::uint32_t>(ifd->entries_.size()) + 4;
-        file.U16(ifd->statedCount_ >= 0 ? static_cast<std::uint32_t>(ifd->statedCount_)
-                                        : static_cast<std::uint32_t>(ifd->entries_.size()));
-        for (const IfdBuilder::Entry& entry : ifd->entries_) {
+        const auto count = static_cast<std::uint32_t>(ifd.entries_.size());
+        const std::uint32_t valuePosition = ifd.position_ + 2 + 12 * count + 4;
+        file.U16(ifd.statedCount_ >= 0 ? static_cast<std::uint32_t>(ifd.statedCount_) : count);
+        for (const IfdBuilder::Entry& entry : ifd.entries_) {
             Bytes value = entry.value;
             if (!entry.links.empty()) {
                 ByteWriter links(order_);
@@ -199,23 +188,15 @@ Bytes TiffBuilder::Build() {
             PadToEven(value);
             values = std::move(values) + value;
         }
-        std::uint32_t next = 0;
-        if (ifd->chained_) {
-            ++chained;
-            next = chained < chain.size() ? chain[chained]->position_ : lastNext_;
-        }
-        file.U32(next).Raw(values);
+        const bool isLast = ifd.chained_ && ++chained == chain.size();
+        file.U32(isLast ? lastNext_ : ifd.chained_ ? chain[chained]->position_ : 0).Raw(values);
     }
     return file.Raw(trailer_).bytes;
 }
 
 Bytes Segment(std::uint8_t marker, const Bytes& data) {
-    return ByteWriter(Order::kBig)
-        .U8(0xFF)
-        .U8(marker)
-        .U16(static_cast<std::uint32_t>(data.size() + 2))
-        .Raw(data)
-        .bytes;
+    const auto length = static_cast<std::uint32_t>(data.size() + 2);
+    return ByteWriter(Order::kBig).U8(0xFF).U8(marker).U16(length).Raw(data).bytes;
 }
 
 Bytes JpegStream(const Bytes& segments, std::uint16_t width, std::uint16_t height) {
@@ -228,6 +209,14 @@ Bytes JpegStream(const Bytes& segments, std::uint16_t width, std::uint16_t heigh
 
 Bytes ExifJpeg(const Bytes& tiff) {
     return JpegStream(Segment(0xE1, Bytes{'E', 'x', 'i', 'f', 0, 0} + tiff), 640, 480);
+}
+
+Bytes Bmp(std::uint32_t width, std::uint32_t height, const Bytes& rows) {
+    const auto size = static_cast<std::uint32_t>(rows.size());
+    ByteWriter file(Order::kLittle);
+    file.Raw(FromText("BM")).U32(size + 54).U32(0).U32(54);
+    file.U32(40).U32(width).U32(height).U16(1).U16(24).U32(0).U32(size);
+    return file.Pad(54).Raw(rows).bytes;
 }
 
 }  // namespace qmx::test

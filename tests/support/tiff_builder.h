@@ -2,6 +2,7 @@
 // Builds small TIFF structures and JPEG files in memory, sound ones and broken ones.
 
 #include <cstdint>
+#include <deque>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -28,7 +29,8 @@ public:
     ByteWriter& U16(std::uint32_t value);
     ByteWriter& U32(std::uint32_t value);
     ByteWriter& Raw(const Bytes& bytes);
-    ByteWriter& Pad(std::size_t size);  // zeros up to this length
+    ByteWriter& Sized(const Bytes& bytes);  // behind their length of 4 bytes
+    ByteWriter& Pad(std::size_t size);      // zeros up to this length
     Bytes bytes;
 
 private:
@@ -40,11 +42,15 @@ class TiffBuilder;
 // One directory; entries are written in the order of the calls.
 class IfdBuilder {
 public:
-    IfdBuilder& Byte(std::uint16_t tag, const std::vector<std::uint32_t>& values);
-    IfdBuilder& Short(std::uint16_t tag, const std::vector<std::uint32_t>& values);
-    IfdBuilder& Long(std::uint16_t tag, const std::vector<std::uint32_t>& values);
-    IfdBuilder& Rational(std::uint16_t tag, const std::vector<Ratio>& values);
-    IfdBuilder& SRational(std::uint16_t tag, const std::vector<Ratio>& values);
+    using Values = std::vector<std::uint32_t>;
+    using Ratios = std::vector<Ratio>;
+    IfdBuilder& Byte(std::uint16_t tag, const Values& values) { return Numbers(tag, 1, values); }
+    IfdBuilder& Short(std::uint16_t tag, const Values& values) { return Numbers(tag, 3, values); }
+    IfdBuilder& Long(std::uint16_t tag, const Values& values) { return Numbers(tag, 4, values); }
+    IfdBuilder& Rational(std::uint16_t tag, const Ratios& values) { return Pairs(tag, 5, values); }
+    IfdBuilder& SRational(std::uint16_t tag, const Ratios& values) {
+        return Pairs(tag, 10, values);
+    }
     IfdBuilder& Ascii(std::uint16_t tag, std::string_view text);  // with its terminator
     IfdBuilder& Undefined(std::uint16_t tag, const Bytes& bytes);
     // Any type and count over any value bytes.
@@ -58,6 +64,12 @@ public:
     IfdBuilder& Data(std::uint16_t tag, Bytes data);
     IfdBuilder& EntryCount(std::uint32_t stated);  // instead of the true one
 
+    IfdBuilder& Camera(std::string_view make = "ACME", std::string_view model = "One");
+    IfdBuilder& Preview(const Bytes& jpeg);
+    // An uncompressed picture of three samples of 8 bits.
+    IfdBuilder& Picture(std::uint32_t width, std::uint32_t height, std::uint32_t photometric,
+                        const Bytes& pixels);
+
 private:
     friend class TiffBuilder;
     struct Entry {
@@ -69,7 +81,8 @@ private:
         std::vector<const IfdBuilder*> links = {};
     };
     explicit IfdBuilder(Order order) : order_(order) {}
-    IfdBuilder& Numbers(std::uint16_t tag, std::uint16_t type, const std::vector<Ratio>& values);
+    IfdBuilder& Numbers(std::uint16_t tag, std::uint16_t type, const Values& values);
+    IfdBuilder& Pairs(std::uint16_t tag, std::uint16_t type, const Ratios& values);
     std::uint32_t Size() const;
 
     Order order_;
@@ -82,7 +95,6 @@ private:
 class TiffBuilder {
 public:
     explicit TiffBuilder(Order order = Order::kLittle) : order_(order) {}
-    ~TiffBuilder();
     TiffBuilder(const TiffBuilder&) = delete;
     TiffBuilder& operator=(const TiffBuilder&) = delete;
 
@@ -102,7 +114,7 @@ private:
     IfdBuilder& Add(bool chained);
 
     Order order_;
-    std::vector<IfdBuilder*> ifds_;
+    std::deque<IfdBuilder> ifds_;
     Bytes header_;
     Bytes trailer_;
     std::uint32_t lastNext_ = 0;
@@ -116,5 +128,8 @@ Bytes JpegStream(const Bytes& segments, std::uint16_t width, std::uint16_t heigh
 
 // A JPEG file whose first segment is Exif data.
 Bytes ExifJpeg(const Bytes& tiff);
+
+// A BMP file of 24 bits per pixel, of rows as they are stored.
+Bytes Bmp(std::uint32_t width, std::uint32_t height, const Bytes& rows);
 
 }  // namespace qmx::test

@@ -46,16 +46,10 @@ Bytes PropertyList(const Properties& properties) {
 }
 
 Bytes ImageSection(const X3fPicture& picture) {
-    return ByteWriter(Order::kLittle)
-        .Raw(FromText("SECi"))
-        .U32(0x20000)
-        .U32(picture.type)
-        .U32(picture.format)
-        .U32(picture.columns)
-        .U32(picture.rows)
-        .U32(picture.rowBytes)
-        .Raw(picture.data)
-        .bytes;
+    ByteWriter section(Order::kLittle);
+    section.Raw(FromText("SECi")).U32(0x20000).U32(picture.type).U32(picture.format);
+    section.U32(picture.columns).U32(picture.rows).U32(picture.rowBytes);
+    return section.Raw(picture.data).bytes;
 }
 
 Bytes CodedPixels(std::uint32_t columns, std::uint32_t rows, const Bytes& pixels) {
