@@ -1,38 +1,16 @@
 #include "support/api.h"
 
-#include <atomic>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <fstream>
 
 #include "support/utf8.h"
-
-#ifndef _WIN32
-#include <unistd.h>
-#endif
 
 namespace qmx::test {
 namespace {
 
 #ifdef _WIN32
-template <class Function>
-void LookUp(HMODULE module, const char* name, Function& function) {
-    const FARPROC found = GetProcAddress(module, name);
-    if (found == nullptr) {
-        std::fprintf(stderr, "%s is not exported\n", name);
-        std::exit(1);
-    }
-    std::memcpy(&function, &found, sizeof function);
-}
-
 Api Load() {
     const wchar_t* path = _wgetenv(L"QMX_DLL");
     const HMODULE module = LoadLibraryW(path != nullptr ? path : L"qmxexif.dll");
-    if (module == nullptr) {
-        std::fprintf(stderr, "cannot load the library that QMX_DLL names\n");
-        std::exit(1);
-    }
     Api api;
     LookUp(module, "ExifGetThumbsnail", api.getThumbsnail);
     LookUp(module, "ExifGetPrimaryImageEx", api.getPrimaryImageEx);
@@ -48,29 +26,15 @@ Api Load() {
     return api;
 }
 
-unsigned long ProcessId() { return GetCurrentProcessId(); }
 #else
 Api Load() {
     return {ExifGetThumbsnail, ExifGetPrimaryImageEx, ExifGetPrimaryImage, ExifGetThumbnailImage,
             ExifGetInfoTip,    ExifEnumInfo,          ExifIsExifFile,      ExifGetDateTimeString,
             ExifGetExifInfo,   ExifGetExifInfoEx,     ExifDrawDigiText};
 }
-
-unsigned long ProcessId() { return static_cast<unsigned long>(getpid()); }
 #endif
 
 std::u8string AsUtf8(const std::string& text) { return {text.begin(), text.end()}; }
-
-// Tests run side by side, and process ids come again: a folder that exists is somebody else's.
-std::filesystem::path NewFolder() {
-    static std::atomic<int> counter = 0;
-    for (;;) {
-        const std::string name =
-            "qmxexif-test-" + std::to_string(ProcessId()) + "-" + std::to_string(counter++);
-        const std::filesystem::path folder = std::filesystem::temp_directory_path() / name;
-        if (std::filesystem::create_directories(folder)) return folder;
-    }
-}
 
 INT_PTR CALLBACK Collect(UINT32 kind, const WCHAR* label, const WCHAR* value, INT_PTR user) {
     auto& listing = *reinterpret_cast<Listing*>(user);
@@ -89,19 +53,17 @@ const Api& Library() {
     return api;
 }
 
-TestFile::TestFile(const Bytes& bytes, const std::string& name) : folder_(NewFolder()) {
-    const std::filesystem::path path =
-        folder_ / AsUtf8(name.starts_with('.') ? "photo" + name : name);
+std::vector<wchar_t> WidePath(const std::filesystem::path& path) {
+    const std::u16string text = path.u16string();
+    return {text.c_str(), text.c_str() + text.size() + 1};
+}
+
+TestFile::TestFile(const Bytes& bytes, const std::string& name) {
+    const auto path = folder() / AsUtf8(name.starts_with('.') ? "photo" + name : name);
     std::ofstream file(path, std::ios::binary);
     file.write(reinterpret_cast<const char*>(bytes.data()),
                static_cast<std::streamsize>(bytes.size()));
-    for (const char16_t unit : path.u16string()) widePath_.push_back(static_cast<wchar_t>(unit));
-    widePath_.push_back(0);
-}
-
-TestFile::~TestFile() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
+    widePath_ = WidePath(path);
 }
 
 Listing ListOf(const wchar_t* path) {

@@ -4,10 +4,14 @@
 
 #include <qmxexif.h>
 
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "support/temporary_folder.h"
 #include "support/tiff_builder.h"
 
 namespace qmx::test {
@@ -26,22 +30,35 @@ struct Api {
     decltype(&ExifDrawDigiText) drawDigiText;
 };
 
+#ifdef _WIN32
+// Ends the program when the module is null or does not export the function.
+template <class Function>
+void LookUp(HMODULE module, const char* name, Function& function) {
+    const FARPROC found = module != nullptr ? GetProcAddress(module, name) : nullptr;
+    if (found == nullptr) {
+        std::fprintf(stderr, "%s is not to be found\n", name);
+        std::exit(1);
+    }
+    std::memcpy(&function, &found, sizeof function);
+}
+#endif
+
 // Ends the program when the library cannot be loaded.
 const Api& Library();
+
+std::vector<wchar_t> WidePath(const std::filesystem::path& path);
 
 // A file with these bytes in a folder of its own, both deleted at the end of the scope.
 class TestFile {
 public:
     // `name` is UTF-8; a name that begins with "." is only an extension.
     TestFile(const Bytes& bytes, const std::string& name);
-    TestFile(const TestFile&) = delete;
-    TestFile& operator=(const TestFile&) = delete;
-    ~TestFile();
 
     const wchar_t* path() const { return widePath_.data(); }
+    const std::filesystem::path& folder() const { return folder_.path; }
 
 private:
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
     std::vector<wchar_t> widePath_;
 };
 
