@@ -1,5 +1,5 @@
 #pragma once
-// What must hold for any input, checked by every fuzz target on the way.
+// What must hold for any input, checked by every fuzz target and by the tests of damaged files.
 
 #include <algorithm>
 #include <cstdint>

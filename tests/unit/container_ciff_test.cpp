@@ -20,7 +20,6 @@ using namespace std::string_view_literals;
 using Fields = CanonMakerFields;
 
 constexpr Order kLittle = Order::kLittle;
-constexpr Order kOrders[] = {Order::kLittle, Order::kBig};
 
 const Fields& FieldsOf(const ImageInfo& info) { return MakerRecord<Fields>(info); }
 
@@ -33,7 +32,7 @@ std::string LocalTime(std::int64_t seconds) {
 }
 
 TEST(Ciff, EveryRecordHasItsField) {
-    for (const Order order : kOrders) {
+    for (const Order order : {Order::kLittle, Order::kBig}) {
         const Parsed parsed = Parse(FullCiff(order, Bytes(9)));
         EXPECT_TRUE(parsed.parsed);
         const ImageInfo& info = parsed.info;
@@ -79,6 +78,9 @@ TEST(Ciff, FindsMakeAndModel) {
         std::string make, model;
         std::int32_t modelId;
     };
+    // clang-format off
+    const std::string a63(63, 'a');
+    const std::string b63(63, 'b');
     const Case cases[] = {
         {"both", std::string(kCiffNames), "Canon", "Canon EOS 20D", 4102},
         {"more behind", "Canon\0Canon PowerShot Pro1\0x"s, "Canon", "Canon PowerShot Pro1", 526},
@@ -87,23 +89,18 @@ TEST(Ciff, FindsMakeAndModel) {
         {"no second terminator", "Canon\0EOS 20D"s, "Canon", "EOS 20D", 4102},
         {"empty model", "Canon\0\0EOS 20D\0"s, "Canon", "", 0},
         {"empty make", "\0EOS 20D\0"s, "", "EOS 20D", 4102},
-        {"63 fit", std::string(63, 'a') + '\0' + std::string(63, 'b') + '\0', std::string(63, 'a'),
-         std::string(63, 'b'), 0},
-        {"more are cut", std::string(500, 'a') + '\0' + std::string(64, 'b') + '\0',
-         std::string(63, 'a'), std::string(63, 'b'), 0},
+        {"63 fit", a63 + '\0' + b63 + '\0', a63, b63, 0},
+        {"more are cut", std::string(500, 'a') + '\0' + b63 + 'b' + '\0', a63, b63, 0},
     };
+    // clang-format on
     for (const Case& c : cases) {
-        CiffHeap root(kLittle);
-        root.Text(0x080A, c.data);
-        const Parsed parsed = Parse(CiffFile(root));
+        const Parsed parsed = Parse(CiffFile(CiffHeap(kLittle).Text(0x080A, c.data)));
         EXPECT_EQ(FieldText(parsed.info.cameraMake), c.make) << c.what;
         EXPECT_EQ(FieldText(parsed.info.cameraModel), c.model) << c.what;
         EXPECT_EQ(parsed.info.modelId, c.modelId) << c.what;
         EXPECT_EQ(parsed.parsed, !c.make.empty()) << c.what;
     }
-    CiffHeap twice = NamedHeap();
-    twice.Text(0x080A, "C\0D\0"sv);
-    EXPECT_STREQ(InfoOf(twice).cameraModel, "D");
+    EXPECT_STREQ(InfoOf(NamedHeap().Text(0x080A, "C\0D\0"sv)).cameraModel, "D");
     CiffHeap endless(kLittle);
     endless.Text(0x0001, kCiffNames).Raw(0x080A, 0xFFFFFFFE, 0);
     EXPECT_STREQ(InfoOf(endless).cameraModel, "Canon EOS 20D");
@@ -126,18 +123,11 @@ TEST(Ciff, TextsAreCutToTheirFields) {
 }
 
 TEST(Ciff, TimesThatDoNotExistAreLeftOut) {
-    struct Case {
-        std::uint32_t stored;
-        std::string text;
-    };
-    const std::string before = LocalTime(1000000000);
-    for (const Case& c : {Case{0x7FFFFFFF, LocalTime(0x7FFFFFFF)},
-                          {0, LocalTime(0)},
-                          {0x80000000, before},
-                          {0xFFFFFFFF, before}}) {
+    for (const std::uint32_t stored : {0x7FFFFFFFu, 0u, 0x80000000u, 0xFFFFFFFFu}) {
         CiffHeap root = NamedHeap();
-        root.Longs(0x180E, {1000000000}).Longs(0x180E, {c.stored, 0, 0});
-        EXPECT_EQ(InfoOf(root).dateTimeOriginal, c.text) << c.stored;
+        root.Longs(0x180E, {1000000000}).Longs(0x180E, {stored, 0, 0});
+        const std::string expected = LocalTime(stored < 0x80000000 ? stored : 1000000000);
+        EXPECT_EQ(InfoOf(root).dateTimeOriginal, expected) << stored;
     }
 }
 

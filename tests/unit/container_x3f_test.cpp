@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
-#include <string>
 
 #include "makernote/maker_record.h"
 #include "makernote/sigma_fields.h"
 #include "parse/containers/container.h"
-#include "support/memory_stream.h"
 #include "support/parse.h"
 #include "support/x3f_builder.h"
 
@@ -19,17 +18,23 @@ using Fields = SigmaMakerFields;
 
 const Fields& FieldsOf(const Parsed& parsed) { return MakerRecord<Fields>(parsed.info); }
 
+std::string AdjustmentsOf(const Parsed& parsed) {
+    const Fields& fields = FieldsOf(parsed);
+    std::string texts;
+    for (const auto field :
+         {sigmaExposureAdjust, sigmaContrastAdjust, sigmaShadowAdjust, sigmaHighlightAdjust,
+          sigmaSaturationAdjust, sigmaSharpnessAdjust, sigmaFillLight, sigmaColorAdjust})
+        texts += (texts.empty() ? "" : "|") + std::string(FieldText(fields.*field));
+    return texts;
+}
+
 Bytes WithProperties(const Properties& properties) {
     return X3fBuilder().Section("PROP", PropertyList(properties)).Build();
 }
 
 TEST(X3f, HeaderCrossesTheDimensions) {
-    struct Case {
-        std::uint32_t rotation;
-        std::int32_t orientation;
-    };
     for (const auto& [rotation, orientation] :
-         {Case{0, 1}, {45, 1}, {90, 6}, {180, 3}, {270, 8}, {0xFFFFFFA6, 1}}) {
+         {std::pair{0u, 1}, {45u, 1}, {90u, 6}, {180u, 3}, {270u, 8}, {0xFFFFFFA6u, 1}}) {
         X3fBuilder file;
         file.rotation = rotation;
         const Parsed parsed = Parse(file.Build());
@@ -55,15 +60,7 @@ TEST(X3f, AdjustmentsStandBehindUpToTwoTexts) {
         file.extended = ExtendedHeader(texts, types, values);
         const Parsed parsed = Parse(file.Build());
         EXPECT_TRUE(parsed.parsed);
-        const Fields& fields = FieldsOf(parsed);
-        EXPECT_EQ(FieldText(fields.*sigmaExposureAdjust), "+0.5");
-        EXPECT_EQ(FieldText(fields.*sigmaContrastAdjust), "-1.1");
-        EXPECT_EQ(FieldText(fields.*sigmaShadowAdjust), "-0.0");
-        EXPECT_EQ(FieldText(fields.*sigmaHighlightAdjust), "-2.0");
-        EXPECT_EQ(FieldText(fields.*sigmaSaturationAdjust), "+1234.6");
-        EXPECT_EQ(FieldText(fields.*sigmaSharpnessAdjust), "-1.9");
-        EXPECT_EQ(FieldText(fields.*sigmaFillLight), "+1.8");
-        EXPECT_EQ(FieldText(fields.*sigmaColorAdjust), "-0.2, +0.0, +0.0");
+        EXPECT_EQ(AdjustmentsOf(parsed), "+0.5|-1.1|-0.0|-2.0|+1234.6|-1.9|+1.8|-0.2, +0.0, +0.0");
     }
 }
 
@@ -72,130 +69,83 @@ TEST(X3f, AdjustmentsKeepWithinTheirFields) {
     file.version = 0x20003;
     file.extended = ExtendedHeader({"Auto", "Standard"}, {1, 2, 3, 7, 7, 8, 9, 6, 6},
                                    {INFINITY, NAN, -3e38f, 1e9f, 1e9f, 5, 5, 1.0f, 2.0f});
-    const Parsed parsed = Parse(file.Build());
-    const Fields& fields = FieldsOf(parsed);
-    EXPECT_EQ(FieldText(fields.*sigmaExposureAdjust), "+900000000000000");
-    EXPECT_EQ(FieldText(fields.*sigmaContrastAdjust), "+900000000000000");
-    EXPECT_EQ(FieldText(fields.*sigmaShadowAdjust), "-900000000000000");
-    EXPECT_EQ(FieldText(fields.*sigmaColorAdjust), "+1000000000.0, +");
-    EXPECT_EQ(FieldText(fields.*sigmaSharpnessAdjust), "+2.0");
+    EXPECT_EQ(AdjustmentsOf(Parse(file.Build())),
+              "+900000000000000|+900000000000000|-900000000000000|||+2.0||+1000000000.0, +");
 }
 
 TEST(X3f, EveryPropertyHasItsTarget) {
+    // clang-format off
     const Parsed parsed = Parse(WithProperties({
-        {"CAMMANUF", "SIGMA"},
-        {"CAMMODEL", "SIGMA SD10"},
-        {"ISO", "100"},
-        {"AP_DESC", "5.6"},
-        {"SH_DESC", "1/180"},
-        {"EXPCOMP", "-0.70"},
-        {"FLENGTH", "24.2"},
-        {"FLEQ35MM", "41"},
-        {"FLASH", "ON"},
-        {"WB_DESC", "Sunlight"},
-        {"AEMODE", "8"},
-        {"DRIVE", "SINGLE"},
-        {"AFMODE", "AF-S"},
-        {"PMODE", "P"},
-        {"BRACKET", "1 of 3"},
-        {"RESOLUTION", "HI"},
-        {"LENSFRANGE", "15 to 30"},
-        {"LENSARANGE", "29 to 4.5"},
-        {"LENSMODEL", "145"},
-        {"CAMSERIAL", "02001234"},
-        {"BURST", "7"},
-        {"ROTATION", "90"},
-        {"AFAREA", "CENTER_V"},
-        {"AFINFOCUS", "H"},
-        {"COLORSPACE", "sRGB"},
-        {"FOCUS", "NO LOCK"},
-        {"APERTURE", "8.35"},
-        {"UNKNOWN", "left aside"},
-    }));
+        {"CAMMANUF", "SIGMA"}, {"CAMMODEL", "SIGMA SD10"}, {"ISO", "100"}, {"AP_DESC", "5.6"},
+        {"SH_DESC", "1/180"}, {"EXPCOMP", "-0.70"}, {"FLENGTH", "24.2"}, {"FLEQ35MM", "41"},
+        {"FLASH", "ON"}, {"WB_DESC", "Sunlight"}, {"AEMODE", "8"}, {"DRIVE", "SINGLE"},
+        {"AFMODE", "AF-S"}, {"PMODE", "P"}, {"BRACKET", "1 of 3"}, {"RESOLUTION", "HI"},
+        {"LENSFRANGE", "15 to 30"}, {"LENSARANGE", "29 to 4.5"}, {"LENSMODEL", "145"},
+        {"CAMSERIAL", "02001234"}, {"BURST", "7"}, {"ROTATION", "90"}, {"AFAREA", "CENTER_V"},
+        {"AFINFOCUS", "H"}, {"COLORSPACE", "sRGB"}, {"FOCUS", "NO LOCK"}, {"APERTURE", "8.35"},
+        {"UNKNOWN", "left aside"}}));
+    // clang-format on
     ASSERT_TRUE(parsed.parsed);
     const ImageInfo& info = parsed.info;
     EXPECT_EQ(info.hasMakerNote, 1);
     EXPECT_STREQ(info.cameraMake, "SIGMA");
     EXPECT_STREQ(info.cameraModel, "SIGMA SD10");
-    EXPECT_EQ(info.isoSpeed, 100);
-    EXPECT_EQ(info.fNumber, 5.6f);
-    EXPECT_EQ(info.exposureTime, 1.0f / 180);
-    EXPECT_EQ(info.exposureBias, -0.7f);
-    EXPECT_EQ(info.focalLength, 24.2f);
-    EXPECT_EQ(info.focalLengthIn35mm, 41.0f);
-    EXPECT_EQ(info.flash, 1);
-    EXPECT_EQ(info.whiteBalance, 1);
-    EXPECT_EQ(info.meteringMode, 5);
-    EXPECT_EQ(info.exposureProgram, 2);
-    const Fields& fields = FieldsOf(parsed);
-    EXPECT_EQ(FieldText(fields.*sigmaWhiteBalance), "Sunlight");
-    EXPECT_EQ(FieldText(fields.*sigmaMetering), "8");
-    EXPECT_EQ(FieldText(fields.*sigmaDriveMode), "SINGLE");
-    EXPECT_EQ(FieldText(fields.*sigmaAfMode), "AF-S");
-    EXPECT_EQ(FieldText(fields.*sigmaProgramMode), "P");
-    EXPECT_EQ(FieldText(fields.sigmaBracket), "1 of 3");
-    EXPECT_EQ(FieldText(fields.*sigmaResolution), "HI");
-    EXPECT_EQ(FieldText(fields.*sigmaLensFocalRange), "15 to 30");
-    EXPECT_EQ(FieldText(fields.sigmaLensApertureRange), "29 to 4.5");
-    EXPECT_EQ(FieldText(fields.sigmaLensModel), "145");
-    EXPECT_EQ(FieldText(fields.*sigmaCameraSerial), "02001234");
-    EXPECT_EQ(FieldText(fields.sigmaBurst), "7");
-    EXPECT_EQ(FieldText(fields.sigmaRotation), "90");
-    EXPECT_EQ(FieldText(fields.sigmaAfArea), "CENTER_V");
-    EXPECT_EQ(FieldText(fields.sigmaAfInFocus), "H");
-    EXPECT_EQ(FieldText(fields.*sigmaColorSpace), "sRGB");
-    EXPECT_EQ(FieldText(fields.*sigmaFocus), "NO LOCK");
+    const std::array integers = {info.isoSpeed, info.flash, info.whiteBalance, info.meteringMode,
+                                 info.exposureProgram};
+    EXPECT_EQ(integers, (std::array{100, 1, 1, 5, 2}));
+    const std::array floats = {info.fNumber, info.exposureTime, info.exposureBias, info.focalLength,
+                               info.focalLengthIn35mm};
+    EXPECT_EQ(floats, (std::array{5.6f, 1.0f / 180, -0.7f, 24.2f, 41.0f}));
+    const Fields& f = FieldsOf(parsed);
+    std::string texts;
+    for (const std::string_view text :
+         {FieldText(f.*sigmaWhiteBalance), FieldText(f.*sigmaMetering),
+          FieldText(f.*sigmaDriveMode), FieldText(f.*sigmaAfMode), FieldText(f.*sigmaProgramMode),
+          FieldText(f.sigmaBracket), FieldText(f.*sigmaResolution),
+          FieldText(f.*sigmaLensFocalRange), FieldText(f.sigmaLensApertureRange),
+          FieldText(f.sigmaLensModel), FieldText(f.*sigmaCameraSerial), FieldText(f.sigmaBurst),
+          FieldText(f.sigmaRotation), FieldText(f.sigmaAfArea), FieldText(f.sigmaAfInFocus),
+          FieldText(f.*sigmaColorSpace), FieldText(f.*sigmaFocus)})
+        texts += std::string(text) + '|';
+    EXPECT_EQ(texts,
+              "Sunlight|8|SINGLE|AF-S|P|1 of 3|HI|15 to 30|29 to 4.5|145|02001234|7|90|"
+              "CENTER_V|H|sRGB|NO LOCK|");
 }
 
 TEST(X3f, PropertyTextsBecomeNumbers) {
-    struct Case {
+    // clang-format off
+    using Info = ImageInfo;
+    const struct {
         const char* name;
-        const char* value;
-        float number;  // of the field that the name sets
-        float (*get)(const ImageInfo& info);
+        float Info::*field;
+        std::vector<std::pair<const char*, float>> values;
+    } fractions[] = {
+        {"SH_DESC", &Info::exposureTime, {{"0.5", 0.5f}, {"30", 30}, {"1/0", FLOAT_UNSET},
+            {"1/x", FLOAT_UNSET}, {"inf", FLOAT_UNSET}, {"1e99", FLOAT_UNSET}, {" ", FLOAT_UNSET}}},
+        {"EXPCOMP", &Info::exposureBias, {{"+0.30", 0.3f}, {"0", 0}, {"-1/3", -1.0f / 3},
+            {"", FLOAT_UNSET}}},
+        {"FLEQ35MM", &Info::focalLengthIn35mm, {{"0", FLOAT_UNSET}}},
     };
-    const auto exposure = [](const ImageInfo& i) { return i.exposureTime; };
-    const auto bias = [](const ImageInfo& i) { return i.exposureBias; };
-    const auto in35mm = [](const ImageInfo& i) { return i.focalLengthIn35mm; };
-    const auto iso = [](const ImageInfo& i) { return static_cast<float>(i.isoSpeed); };
-    const auto flash = [](const ImageInfo& i) { return static_cast<float>(i.flash); };
-    const auto balance = [](const ImageInfo& i) { return static_cast<float>(i.whiteBalance); };
-    const auto metering = [](const ImageInfo& i) { return static_cast<float>(i.meteringMode); };
-    const auto program = [](const ImageInfo& i) { return static_cast<float>(i.exposureProgram); };
-    const auto unset = static_cast<float>(INT_UNSET);
-    const Case cases[] = {
-        {"SH_DESC", "0.5", 0.5f, exposure},
-        {"SH_DESC", "30", 30.0f, exposure},
-        {"SH_DESC", "1/0", FLOAT_UNSET, exposure},
-        {"SH_DESC", "1/x", FLOAT_UNSET, exposure},
-        {"SH_DESC", "inf", FLOAT_UNSET, exposure},
-        {"SH_DESC", "1e99", FLOAT_UNSET, exposure},
-        {"SH_DESC", " ", FLOAT_UNSET, exposure},
-        {"EXPCOMP", "+0.30", 0.3f, bias},
-        {"EXPCOMP", "0", 0.0f, bias},
-        {"EXPCOMP", "-1/3", -1.0f / 3, bias},
-        {"EXPCOMP", "", FLOAT_UNSET, bias},
-        {"FLEQ35MM", "0", FLOAT_UNSET, in35mm},
-        {"ISO", "99999999999", unset, iso},
-        {"ISO", "Auto", unset, iso},
-        {"FLASH", "OFF", 0, flash},
-        {"FLASH", "AUTO", 1, flash},
-        {"FLASH", " ", unset, flash},
-        {"WB_DESC", "Auto", 0, balance},
-        {"WB_DESC", "Shade", 1, balance},
-        {"WB_DESC", " ", unset, balance},
-        {"AEMODE", "C", 2, metering},
-        {"AEMODE", "A", 1, metering},
-        {"AEMODE", "x", unset, metering},
-        {"PMODE", "Aperture", 3, program},
-        {"PMODE", "M", 1, program},
-        {"PMODE", "S", 4, program},
-        {"PMODE", "x", unset, program},
+    const struct {
+        const char* name;
+        std::int32_t Info::*field;
+        std::vector<std::pair<const char*, std::int32_t>> values;
+    } codes[] = {
+        {"ISO", &Info::isoSpeed, {{"99999999999", INT_UNSET}, {"Auto", INT_UNSET}}},
+        {"FLASH", &Info::flash, {{"OFF", 0}, {"AUTO", 1}, {" ", INT_UNSET}}},
+        {"WB_DESC", &Info::whiteBalance, {{"Auto", 0}, {"Shade", 1}, {" ", INT_UNSET}}},
+        {"AEMODE", &Info::meteringMode, {{"C", 2}, {"A", 1}, {"x", INT_UNSET}}},
+        {"PMODE", &Info::exposureProgram, {{"Aperture", 3}, {"M", 1}, {"S", 4}, {"x", INT_UNSET}}},
     };
-    for (const Case& c : cases) {
-        const Parsed parsed = Parse(WithProperties({{c.name, c.value}}));
-        EXPECT_EQ(c.get(parsed.info), c.number) << c.name << ' ' << c.value;
-    }
+    // clang-format on
+    const auto expectAll = [](const auto& rows) {
+        for (const auto& row : rows)
+            for (const auto& [text, value] : row.values)
+                EXPECT_EQ(Parse(WithProperties({{row.name, text}})).info.*row.field, value)
+                    << row.name << ' ' << text;
+    };
+    expectAll(fractions);
+    expectAll(codes);
 }
 
 TEST(X3f, PropertyTextsAreCutToTheirFields) {

@@ -35,26 +35,20 @@ TEST(Cursor, ReadsEveryNumericType) {
         double value;
         std::int32_t consumed;
     };
+    // clang-format off
     const Case cases[] = {
-        {"byte", 1, {200}, 200, 1},
-        {"ascii", 2, {65}, 0, 0},
-        {"short", 3, {0xFE, 0xFF}, 65534, 2},
+        {"byte", 1, {200}, 200, 1}, {"ascii", 2, {65}, 0, 0}, {"short", 3, {0xFE, 0xFF}, 65534, 2},
         {"long", 4, {0, 0, 0, 0x80}, 2147483648.0, 4},
-        {"rational", 5, {1, 0, 0, 0, 4, 0, 0, 0}, 0.25, 8},
-        {"0/0", 5, {0, 0, 0, 0, 0, 0, 0, 0}, 0, 8},
-        {"5/0", 5, {5, 0, 0, 0, 0, 0, 0, 0}, 0, 8},
-        {"rational past the end", 5, {}, 1, 0},
-        {"signed byte", 6, {0xFE}, -2, 1},
-        {"undefined", 7, {1, 2, 3, 4}, 0, 0},
-        {"signed short", 8, {0xFE, 0xFF}, -2, 2},
-        {"signed long", 9, {0xFD, 0xFF, 0xFF, 0xFF}, -3, 4},
+        {"rational", 5, {1, 0, 0, 0, 4, 0, 0, 0}, 0.25, 8}, {"0/0", 5, Bytes(8), 0, 8},
+        {"5/0", 5, {5, 0, 0, 0, 0, 0, 0, 0}, 0, 8}, {"rational past the end", 5, {}, 1, 0},
+        {"signed byte", 6, {0xFE}, -2, 1}, {"undefined", 7, {1, 2, 3, 4}, 0, 0},
+        {"signed short", 8, {0xFE, 0xFF}, -2, 2}, {"signed long", 9, {0xFD, 0xFF, 0xFF, 0xFF}, -3, 4},
         {"signed rational", 10, {0xFF, 0xFF, 0xFF, 0xFF, 3, 0, 0, 0}, -1.0 / 3, 8},
         {"smallest / -1", 10, {0, 0, 0, 0x80, 0xFF, 0xFF, 0xFF, 0xFF}, 2147483648.0, 8},
-        {"float", 11, {0, 0, 0xC0, 0x3F}, 1.5, 4},
-        {"double", 12, {0, 0, 0, 0, 0, 0, 0xF8, 0x3F}, 1.5, 8},
-        {"type 0", 0, {1, 2}, 0, 0},
-        {"type 13", 13, {1, 2}, 0, 0},
+        {"float", 11, {0, 0, 0xC0, 0x3F}, 1.5, 4}, {"double", 12, {0, 0, 0, 0, 0, 0, 0xF8, 0x3F}, 1.5, 8},
+        {"type 0", 0, {1, 2}, 0, 0}, {"type 13", 13, {1, 2}, 0, 0},
     };
+    // clang-format on
     for (const Case& c : cases) {
         BytesContext context(c.bytes);
         EXPECT_EQ(ReadValue(context.ctx, c.type), c.value) << c.name;

@@ -20,30 +20,19 @@ TEST(Decimal, TakesWhatItReads) {
         float number;
         std::string_view rest;
     };
+    // clang-format off
     const Case cases[] = {
-        {"0", true, 0, ""},
-        {"24.2", true, 24.2f, ""},
-        {"1/180", true, 1, "/180"},
-        {"-.5x", true, -0.5f, "x"},
-        {"7.", true, 7, ""},
-        {"1.25e-3 2", true, 0.00125f, " 2"},
-        {"1E+2", true, 100, ""},
-        {"3e", true, 3, "e"},
-        {"3e+", true, 3, "e+"},
-        {"0e99999999999", true, 0, ""},
-        {"1e-99999999999", true, 0, ""},
+        {"0", true, 0, ""}, {"24.2", true, 24.2f, ""}, {"1/180", true, 1, "/180"},
+        {"-.5x", true, -0.5f, "x"}, {"7.", true, 7, ""}, {"1.25e-3 2", true, 0.00125f, " 2"},
+        {"1E+2", true, 100, ""}, {"3e", true, 3, "e"}, {"3e+", true, 3, "e+"},
+        {"0e99999999999", true, 0, ""}, {"1e-99999999999", true, 0, ""},
         {"340282346638528859811704183484516925440", true, 3.4028235e38f, ""},
         {"0.000000000000000000000000000000000000000000001401298464324817", true, 1.4e-45f, ""},
-        {"", false, 9, ""},
-        {"-", false, 9, "-"},
-        {".", false, 9, "."},
-        {"e5", false, 9, "e5"},
-        {" 1", false, 9, " 1"},
-        {"+1", false, 9, "+1"},
-        {"inf", false, 9, "inf"},
-        {"1e39", false, 9, "1e39"},
-        {"1e99999999999", false, 9, "1e99999999999"},
+        {"", false, 9, ""}, {"-", false, 9, "-"}, {".", false, 9, "."}, {"e5", false, 9, "e5"},
+        {" 1", false, 9, " 1"}, {"+1", false, 9, "+1"}, {"inf", false, 9, "inf"},
+        {"1e39", false, 9, "1e39"}, {"1e99999999999", false, 9, "1e99999999999"},
     };
+    // clang-format on
     for (const Case& c : cases) {
         std::string_view text = c.text;
         float number = 9;

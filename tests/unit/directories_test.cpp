@@ -17,7 +17,7 @@ Bytes CameraTiff(Order order, Fill&& fill) {
     TiffBuilder tiff(order);
     IfdBuilder& ifd = tiff.Ifd();
     IfdBuilder& exif = tiff.SubIfd();
-    ifd.Ascii(0x010F, "ACME").Ascii(0x0110, "One").Link(0x8769, {&exif});
+    ifd.Camera().Link(0x8769, {&exif});
     fill(exif);
     return tiff.Build();
 }
@@ -33,80 +33,65 @@ TEST(ResetRecord, HoldsTheSentinels) {
     EXPECT_EQ(info.exposureTime, 3.4028235e38f);
     EXPECT_EQ(info.gpsTimeStamp[0], FLOAT_UNSET);
     EXPECT_EQ(info.gpsTimeStamp[2], 0);
-    EXPECT_EQ(info.cameraMake[0], 0);
-    EXPECT_EQ(info.modelId, 0);
 }
 
 TEST(ExifDirectory, ReadsItsValuesInBothOrders) {
+    using Info = ImageInfo;
+    const struct {
+        std::uint16_t tag;
+        float Info::*field;
+        Ratio stored;
+        float value;
+    } fractions[] = {
+        {0x829A, &Info::exposureTime, {1, 250}, 0.004f},
+        {0x829D, &Info::fNumber, {28, 10}, 2.8f},
+        {0x9201, &Info::shutterSpeed, {8, 1}, 1 / 256.0f},
+        {0x9202, &Info::aperture, {4, 1}, 4},
+        {0x9203, &Info::brightness, {-5, 2}, -2.5f},
+        {0x9204, &Info::exposureBias, {-1, 3}, -1 / 3.0f},
+        {0x9205, &Info::maxAperture, {2, 1}, 2},
+        {0x9206, &Info::subjectDistance, {5, 2}, 2.5f},
+        {0x920A, &Info::focalLength, {50, 1}, 50},
+        {0xA20E, &Info::focalPlaneXResolution, {3000, 1}, 3000},
+        {0xA20F, &Info::focalPlaneYResolution, {2000, 1}, 2000},
+        {0xA404, &Info::digitalZoomRatio, {2, 1}, 2},
+        {0xA500, &Info::gamma, {22, 10}, 2.2f},
+    };
+    const struct {
+        std::uint16_t tag;
+        std::int32_t Info::*field;
+    } integers[] = {
+        {0x8822, &Info::exposureProgram},
+        {0x8827, &Info::isoSpeed},
+        {0x9207, &Info::meteringMode},
+        {0x9208, &Info::lightSource},
+        {0x9209, &Info::flash},
+        {0xA001, &Info::colorSpace},
+        {0xA002, &Info::pixelXDimension},
+        {0xA003, &Info::pixelYDimension},
+        {0xA402, &Info::exposureMode},
+        {0xA403, &Info::whiteBalance},
+        {0xA406, &Info::sceneCaptureType},
+        {0xA407, &Info::gainControl},
+        {0xA408, &Info::contrast},
+        {0xA409, &Info::saturation},
+        {0xA40A, &Info::sharpness},
+        {0xA40C, &Info::subjectDistanceRange},
+    };
     for (const Order order : kOrders) {
-        const ImageInfo info = InfoOf(order, [](IfdBuilder& exif) {
-            exif.Rational(0x829A, {{1, 250}})
-                .Rational(0x829D, {{28, 10}})
-                .Short(0x8822, {3})
-                .Short(0x8827, {200})
-                .Ascii(0x9003, "2008:07:31 12:34:56")
-                .Ascii(0x9004, "2008:07:31 12:34:57")
-                .SRational(0x9201, {{8, 1}})
-                .Rational(0x9202, {{4, 1}})
-                .SRational(0x9203, {{-5, 2}})
-                .SRational(0x9204, {{-1, 3}})
-                .Rational(0x9205, {{2, 1}})
-                .Rational(0x9206, {{5, 2}})
-                .Short(0x9207, {5})
-                .Short(0x9208, {10})
-                .Short(0x9209, {25})
-                .Rational(0x920A, {{50, 1}})
-                .Short(0xA001, {1})
-                .Long(0xA002, {4000})
-                .Short(0xA003, {3000})
-                .Rational(0xA20E, {{3000, 1}})
-                .Rational(0xA20F, {{2000, 1}})
-                .Short(0xA210, {3})
-                .Short(0xA402, {1})
-                .Short(0xA403, {0})
-                .Rational(0xA404, {{2, 1}})
-                .Short(0xA405, {75})
-                .Short(0xA406, {2})
-                .Short(0xA407, {3})
-                .Short(0xA408, {1})
-                .Short(0xA409, {2})
-                .Short(0xA40A, {0})
-                .Short(0xA40C, {3})
-                .Rational(0xA500, {{22, 10}});
+        const Info info = InfoOf(order, [&](IfdBuilder& exif) {
+            exif.Ascii(0x9003, "2008:07:31 12:34:56").Ascii(0x9004, "2008:07:31 12:34:57");
+            for (const auto& row : fractions) exif.SRational(row.tag, {row.stored});
+            for (const auto& row : integers) exif.Short(row.tag, {1000u + (row.tag & 0xFF)});
+            exif.Short(0xA210, {3}).Short(0xA405, {75});
         });
-        EXPECT_FLOAT_EQ(info.exposureTime, 0.004f);
-        EXPECT_FLOAT_EQ(info.fNumber, 2.8f);
-        EXPECT_EQ(info.exposureProgram, 3);
-        EXPECT_EQ(info.isoSpeed, 200);
         EXPECT_STREQ(info.dateTimeOriginal, "2008:07:31 12:34:56");
         EXPECT_STREQ(info.dateTimeDigitized, "2008:07:31 12:34:57");
-        EXPECT_FLOAT_EQ(info.shutterSpeed, 1 / 256.0f);
-        EXPECT_FLOAT_EQ(info.aperture, 4);
-        EXPECT_EQ(info.brightness, -2.5f);
-        EXPECT_FLOAT_EQ(info.exposureBias, -1 / 3.0f);
-        EXPECT_FLOAT_EQ(info.maxAperture, 2);
-        EXPECT_EQ(info.subjectDistance, 2.5f);
-        EXPECT_EQ(info.meteringMode, 5);
-        EXPECT_EQ(info.lightSource, 10);
-        EXPECT_EQ(info.flash, 25);
-        EXPECT_EQ(info.focalLength, 50);
-        EXPECT_EQ(info.colorSpace, 1);
-        EXPECT_EQ(info.pixelXDimension, 4000);
-        EXPECT_EQ(info.pixelYDimension, 3000);
-        EXPECT_EQ(info.focalPlaneXResolution, 3000);
-        EXPECT_EQ(info.focalPlaneYResolution, 2000);
+        for (const auto& row : fractions) EXPECT_FLOAT_EQ(info.*row.field, row.value) << row.tag;
+        for (const auto& row : integers)
+            EXPECT_EQ(info.*row.field, 1000 + (row.tag & 0xFF)) << row.tag;
         EXPECT_EQ(info.focalPlaneUnitMm, 10);
-        EXPECT_EQ(info.exposureMode, 1);
-        EXPECT_EQ(info.whiteBalance, 0);
-        EXPECT_EQ(info.digitalZoomRatio, 2);
         EXPECT_EQ(info.focalLengthIn35mm, 75);
-        EXPECT_EQ(info.sceneCaptureType, 2);
-        EXPECT_EQ(info.gainControl, 3);
-        EXPECT_EQ(info.contrast, 1);
-        EXPECT_EQ(info.saturation, 2);
-        EXPECT_EQ(info.sharpness, 0);
-        EXPECT_EQ(info.subjectDistanceRange, 3);
-        EXPECT_FLOAT_EQ(info.gamma, 2.2f);
         EXPECT_EQ(info.hasMakerNote, 0);
         EXPECT_EQ(info.hasGps, 0);
     }
@@ -121,33 +106,33 @@ TEST(ExifDirectory, FollowsItsSpecialRules) {
     };
     constexpr auto iso = [](const ImageInfo& info) { return double{1} * info.isoSpeed; };
     constexpr auto unit = [](const ImageInfo& info) { return double{info.focalPlaneUnitMm}; };
+    constexpr double kWrapped = static_cast<std::int32_t>(0x80000000u * 200u);
+    // clang-format off
     const Case cases[] = {
         {"gain 25", [](IfdBuilder& e) { e.Short(0x8827, {25}); }, iso, 5000},
         {"ISO 50", [](IfdBuilder& e) { e.Short(0x8827, {50}); }, iso, 50},
         {"ISO 0", [](IfdBuilder& e) { e.Short(0x8827, {0}); }, iso, 0},
-        {"ISO count 0 is still read", [](IfdBuilder& e) { e.Raw(0x8827, 3, 0, 100 << 16); }, iso,
-         100},
-        {"index after ISO", [](IfdBuilder& e) { e.Short(0x8827, {100}).Short(0xA215, {400}); }, iso,
-         100},
-        {"ISO after index", [](IfdBuilder& e) { e.Short(0xA215, {400}).Short(0x8827, {100}); }, iso,
-         100},
+        {"ISO, count 0", [](IfdBuilder& e) { e.Raw(0x8827, 3, 0, 100 << 16); }, iso, 100},
+        {"index behind", [](IfdBuilder& e) { e.Short(0x8827, {100}).Short(0xA215, {400}); },
+         iso, 100},
+        {"index before", [](IfdBuilder& e) { e.Short(0xA215, {400}).Short(0x8827, {100}); },
+         iso, 100},
         {"index alone", [](IfdBuilder& e) { e.Short(0xA215, {2}); }, iso, 400},
-        {"negative count", [](IfdBuilder& e) { e.Raw(0x8827, 3, 0x80000001, 100); }, iso,
-         INT_UNSET},
-        {"too large a number", [](IfdBuilder& e) { e.Long(0x8827, {0xFFFFFFFF}); }, iso,
-         static_cast<double>(static_cast<std::int32_t>(0x80000000u * 200u))},
+        {"negative count", [](IfdBuilder& e) { e.Raw(0x8827, 3, 0x80000001, 1); }, iso, INT_UNSET},
+        {"too large", [](IfdBuilder& e) { e.Long(0x8827, {0xFFFFFFFF}); }, iso, kWrapped},
         {"35 mm unknown", [](IfdBuilder& e) { e.Short(0xA405, {0}); },
          [](const ImageInfo& info) { return double{info.focalLengthIn35mm}; }, FLOAT_UNSET},
         {"no end to the time", [](IfdBuilder& e) { e.SRational(0x9201, {{INT32_MIN, 1}}); },
          [](const ImageInfo& info) { return double{info.shutterSpeed}; }, FLOAT_UNSET},
         {"no number", [](IfdBuilder& e) { e.Value(0x829D, 11, 1, {0, 0, 0xC0, 0x7F}); },
          [](const ImageInfo& info) { return double{info.fNumber}; }, FLOAT_UNSET},
+        {"unit 0", [](IfdBuilder& e) { e.Short(0xA210, {0}); }, unit, FLOAT_UNSET},
         {"unit 1", [](IfdBuilder& e) { e.Short(0xA210, {1}); }, unit, 25.4f},
         {"unit 4", [](IfdBuilder& e) { e.Short(0xA210, {4}); }, unit, 1},
         {"unit 5", [](IfdBuilder& e) { e.Short(0xA210, {5}); }, unit, 0.001f},
         {"unit 6", [](IfdBuilder& e) { e.Short(0xA210, {6}); }, unit, FLOAT_UNSET},
-        {"unit 0", [](IfdBuilder& e) { e.Short(0xA210, {0}); }, unit, FLOAT_UNSET},
     };
+    // clang-format on
     for (const Case& c : cases)
         EXPECT_EQ(c.value(InfoOf(Order::kBig, c.fill)), c.expected) << c.name;
 }
@@ -158,18 +143,10 @@ TEST(GpsDirectory, ReadsPositionAndTime) {
         IfdBuilder& ifd = tiff.Ifd();
         IfdBuilder& gps = tiff.SubIfd();
         ifd.Ascii(0x010F, "ACME").Link(0x8825, {&gps});
-        gps.Byte(0, {2, 3, 0, 0})
-            .Ascii(1, "N")
-            .Rational(2, {{35, 1}, {39, 1}, {2915, 100}})
-            .Ascii(3, "E")
-            .Rational(4, {{0, 1}, {30, 1}, {0, 1}})
-            .Byte(5, {1})
-            .Rational(6, {{40, 1}})
-            .Rational(7, {{3, 1}, {4, 1}, {11, 2}})
-            .Ascii(8, "0123456789")
-            .Ascii(18, "WGS-84")
-            .Ascii(29, "2008:07:31")
-            .Ascii(30, "ignored");
+        gps.Byte(0, {2, 3, 0, 0}).Ascii(1, "N").Rational(2, {{35, 1}, {39, 1}, {2915, 100}});
+        gps.Ascii(3, "E").Rational(4, {{0, 1}, {30, 1}, {0, 1}}).Byte(5, {1});
+        gps.Rational(6, {{40, 1}}).Rational(7, {{3, 1}, {4, 1}, {11, 2}}).Ascii(8, "0123456789");
+        gps.Ascii(18, "WGS-84").Ascii(29, "2008:07:31").Ascii(30, "ignored");
         const ImageInfo info = Parse(tiff.Build()).info;
         EXPECT_EQ(info.hasGps, 1);
         EXPECT_EQ(info.gpsVersionId[1], 3);
@@ -189,11 +166,8 @@ TEST(GpsDirectory, ReadsPositionAndTime) {
 
 TEST(Ifd, KeepsTextsTerminatedAndTheFirstOrientation) {
     TiffBuilder tiff;
-    tiff.Ifd()
-        .Ascii(0x010F, "ACME")
-        .Undefined(0x0131, Bytes(70, 'x'))
-        .Undefined(0x0132, Bytes(32, 'y'))
-        .Short(0x0112, {6});
+    IfdBuilder& first = tiff.Ifd().Camera().Short(0x0112, {6});
+    first.Undefined(0x0131, Bytes(70, 'x')).Undefined(0x0132, Bytes(32, 'y'));
     tiff.Ifd().Short(0x0112, {3}).Short(0x0017, {400});
     const ImageInfo info = Parse(tiff.Build()).info;
     EXPECT_EQ(FieldText(info.software), std::string(63, 'x'));
@@ -247,16 +221,13 @@ TEST(Ifd, BoundsTheWorkOfHostileDirectories) {
     parent.Link(0x014A, std::vector<const IfdBuilder*>(1000, &parent));
     EXPECT_LT(parseTime(many.Build()), 0.2);
 
-    for (const std::uint16_t tag : {std::uint16_t{0x0117}, std::uint16_t{0x014A}}) {
-        for (const std::uint32_t count : {0x20000000u, 0x7FFFFFFFu}) {
-            for (std::uint16_t type = 1; type <= 4; ++type) {
-                TiffBuilder tiff;
-                tiff.Ifd().Raw(tag, type, count, 8);
-                tiff.Trailer(Bytes(3));
-                EXPECT_LT(parseTime(tiff.Build()), 0.2) << tag << ' ' << count << ' ' << type;
-            }
+    for (const std::uint32_t count : {0x20000000u, 0x7FFFFFFFu})
+        for (std::uint16_t type = 1; type <= 4; ++type) {
+            TiffBuilder tiff;
+            tiff.Ifd().Raw(0x0117, type, count, 8).Raw(0x014A, type, count, 8);
+            tiff.Trailer(Bytes(3));
+            EXPECT_LT(parseTime(tiff.Build()), 0.2) << count << ' ' << type;
         }
-    }
 
     // A frame header that every entry of every directory looks for through a chain of segments.
     Bytes segments;
@@ -299,15 +270,9 @@ TEST(Container, RafIsFujifilmBeforeAnyTag) {
     TiffBuilder tiff;
     tiff.Ifd().Ascii(0x010F, "ACME");
     const Bytes jpeg = ExifJpeg(tiff.Build());
-    const Bytes raf = ByteWriter(Order::kBig)
-                          .Raw(FromText("FUJIFILMCCD-RAW "))
-                          .Pad(84)
-                          .U32(100)
-                          .U32(static_cast<std::uint32_t>(jpeg.size()))
-                          .Pad(100)
-                          .Raw(jpeg)
-                          .bytes;
-    const Parsed parsed = Parse(raf);
+    ByteWriter raf(Order::kBig);
+    raf.Raw(FromText("FUJIFILMCCD-RAW ")).Pad(84).U32(92).Sized(jpeg);
+    const Parsed parsed = Parse(raf.bytes);
     EXPECT_TRUE(parsed.parsed);
     EXPECT_EQ(parsed.info.makerId, kMakerFujifilm);
 }

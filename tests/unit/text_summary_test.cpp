@@ -7,40 +7,18 @@
 #include <cstring>
 #include <string>
 
+#include "support/exports.h"
 #include "support/utf8.h"
 #include "text/summary.h"
 
 namespace qmx::test {
 namespace {
 
-constexpr wchar_t kUntouched = L'#';
-
-// A request with both texts, each followed by a guard.
-struct Caller {
-    InfoRequest request = {};
-    wchar_t longText[1025];
-    wchar_t shortText[258];
-
-    explicit Caller(INT32 longCapacity = 1024, INT32 shortCapacity = 256) {
-        std::fill(std::begin(longText), std::end(longText), kUntouched);
-        std::fill(std::begin(shortText), std::end(shortText), kUntouched);
-        request.longText = longText;
-        request.longTextCapacity = longCapacity;
-        request.shortText = shortText;
-        request.shortTextCapacity = shortCapacity;
-    }
-    Caller(const Caller&) = delete;
-    Caller& operator=(const Caller&) = delete;
-};
-
-const ImageInfo kSample = {.cameraMake = "Make",
-                           .cameraModel = "Model",
-                           .isoSpeed = 200,
-                           .exposureProgram = 2,
-                           .flash = 1,
-                           .exposureTime = 0.004f,
-                           .fNumber = 5.6f,
-                           .exposureBias = 0.3f};
+// clang-format off
+const ImageInfo kSample = {
+    .cameraMake = "Make", .cameraModel = "Model", .isoSpeed = 200, .exposureProgram = 2, .flash = 1,
+    .exposureTime = 0.004f, .fNumber = 5.6f, .exposureBias = 0.3f};
+// clang-format on
 
 TEST(Summary, FillsEveryValue) {
     ImageInfo info = kSample;
@@ -53,8 +31,8 @@ TEST(Summary, FillsEveryValue) {
     info.whiteBalance = 1;
     info.maxAperture = 3.5f;
     std::strcpy(info.dateTimeOriginal, "2008:07:31 12:34:56");
-    Caller caller;
-    InfoRequest& r = caller.request;
+    Caller caller(nullptr);
+    InfoRequest& r = caller.record;
     std::memset(r.reserved, 0xA5, sizeof r.reserved);
     BuildSummary(info, &r);
     EXPECT_EQ(Utf8(r.makeText) + "|" + Utf8(r.modelText) + "|" + Utf8(r.whiteBalanceText),
@@ -71,8 +49,8 @@ TEST(Summary, FillsEveryValue) {
 }
 
 TEST(Summary, AbsentValuesKeepTheirMarks) {
-    Caller caller;
-    InfoRequest& r = caller.request;
+    Caller caller(nullptr);
+    InfoRequest& r = caller.record;
     r.captureTime.wYear = 1999;
     r.modelText[0] = r.lensText[0] = r.whiteBalanceText[0] = L'?';
     BuildSummary(ImageInfo{}, &r);
@@ -88,7 +66,7 @@ TEST(Summary, AbsentValuesKeepTheirMarks) {
     EXPECT_EQ(r.flashFired, 0u);
     EXPECT_EQ(r.captureTime.wYear, 1999);
     EXPECT_EQ(Utf8(r.modelText) + Utf8(r.lensText) + Utf8(r.whiteBalanceText), "");
-    EXPECT_EQ(Utf8(caller.shortText), "");
+    EXPECT_EQ(Utf8(caller.shortText.Get()), "");
 }
 
 TEST(Summary, FallBacks) {
@@ -100,8 +78,8 @@ TEST(Summary, FallBacks) {
     info.whiteBalance = 7;
     std::memset(info.cameraModel, 'M', sizeof info.cameraModel);
     std::strcpy(info.dateTimeOriginal, "2008:07:31");
-    Caller caller;
-    InfoRequest& r = caller.request;
+    Caller caller(nullptr);
+    InfoRequest& r = caller.record;
     r.captureTime.wYear = 1999;
     BuildSummary(info, &r);
     EXPECT_EQ(r.exposureTime, 0.5f);
@@ -118,9 +96,9 @@ struct Texts {
     std::string longText, shortText;
 };
 Texts TextsOf(const ImageInfo& info) {
-    Caller caller;
-    BuildSummary(info, &caller.request);
-    return {Utf8(caller.longText), Utf8(caller.shortText)};
+    Caller caller(nullptr);
+    BuildSummary(info, &caller.record);
+    return {Utf8(caller.longText.Get()), Utf8(caller.shortText.Get())};
 }
 
 TEST(Summary, TextsByField) {
@@ -179,21 +157,26 @@ TEST(Summary, DatesReadAsTheSystemWritesThem) {
 TEST(Summary, TextsStayWithinTheirCapacities) {
     const ImageInfo info = kSample;
     const Texts whole = TextsOf(info);
+    const auto build = [](const ImageInfo& from, Caller& caller, INT32 both) {
+        caller.record.longTextCapacity = caller.record.shortTextCapacity = both;
+        BuildSummary(from, &caller.record);
+    };
     for (INT32 capacity = 1; capacity <= 24; ++capacity) {
-        Caller caller(capacity, capacity);
-        BuildSummary(info, &caller.request);
-        EXPECT_TRUE(whole.longText.starts_with(Utf8(caller.longText)));
-        EXPECT_EQ(caller.longText[capacity - 1], 0);
-        EXPECT_EQ(caller.longText[capacity], kUntouched);
+        const auto units = static_cast<std::size_t>(capacity);
+        Caller caller(nullptr);
+        build(info, caller, capacity);
+        EXPECT_TRUE(whole.longText.starts_with(Utf8(caller.longText.Get())));
+        EXPECT_EQ(caller.longText.Get()[capacity - 1], 0);
+        EXPECT_TRUE(caller.longText.IsUntouchedFrom(units));
         // The blank in front comes on top of the capacity.
-        EXPECT_EQ(Utf8(caller.shortText),
-                  whole.shortText.substr(0, static_cast<std::size_t>(capacity)));
-        EXPECT_EQ(caller.shortText[capacity + 1], kUntouched);
+        EXPECT_EQ(Utf8(caller.shortText.Get()), whole.shortText.substr(0, units));
+        EXPECT_TRUE(caller.shortText.IsUntouchedFrom(units + 1));
     }
-    Caller none(0, -1);
-    BuildSummary(info, &none.request);
-    EXPECT_EQ(none.longText[0], kUntouched);
-    EXPECT_EQ(none.shortText[0], kUntouched);
+    for (const INT32 none : {0, -1}) {
+        Caller caller(nullptr);
+        build(info, caller, none);
+        EXPECT_TRUE(caller.HasUntouchedTexts());
+    }
     InfoRequest withoutBuffers = {};
     withoutBuffers.longTextCapacity = withoutBuffers.shortTextCapacity = 1024;
     BuildSummary(info, &withoutBuffers);
@@ -202,10 +185,10 @@ TEST(Summary, TextsStayWithinTheirCapacities) {
     // A line that brings its own blank is cut at the capacity itself.
     ImageInfo slow;
     slow.exposureTime = 1.0f / 60;
-    Caller caller(1024, 3);
-    BuildSummary(slow, &caller.request);
-    EXPECT_EQ(Utf8(caller.shortText), " 6");
-    EXPECT_EQ(caller.shortText[3], kUntouched);
+    Caller caller(nullptr);
+    build(slow, caller, 3);
+    EXPECT_EQ(Utf8(caller.shortText.Get()), " 6");
+    EXPECT_TRUE(caller.shortText.IsUntouchedFrom(3));
 }
 
 }  // namespace
