@@ -12,13 +12,6 @@
 namespace qmx::test {
 namespace {
 
-std::vector<wchar_t> WidePath(const std::filesystem::path& path) {
-    std::vector<wchar_t> wide;
-    for (const char16_t unit : path.u16string()) wide.push_back(static_cast<wchar_t>(unit));
-    wide.push_back(0);
-    return wide;
-}
-
 class Photos : public testing::Test {
 protected:
     void SetUp() override {
@@ -60,32 +53,32 @@ TEST_F(Photos, ReadAsTheCamerasMeantThem) {
         const char* model;
         const char* shortText;
         int width;
-        UINT32 orientation;
         std::size_t thumbnailBytes;
     };
+    constexpr int kUnset = QMXEXIF_INT_UNSET;
+    // clang-format off
     const Case cases[] = {
-        {"sets/Canon_40D.jpg", "Canon", "Canon EOS 40D", " 160 F7.1 100* ", 100, 1u, 1378},
+        {"sets/Canon_40D.jpg", "Canon", "Canon EOS 40D", " 160 F7.1 100* ", 100, 1378},
         {"sets/Konica_Minolta_DiMAGE_Z3.jpg", "KONICA MINOLTA ", "DiMAGE Z3", " 40 F2.8 200* ", 70,
-         1u, 1234},
-        {"sets/Nikon_D70.jpg", "NIKON CORPORATION", "NIKON D70", " 200 F9 -1.0 200 ", 100, 1u,
-         1700},
-        {"sets/Panasonic_DMC-FZ30.jpg", "Panasonic", "DMC-FZ30", " 30 F3.2 100* ", 100, 1u, 1607},
+         1234},
+        {"sets/Nikon_D70.jpg", "NIKON CORPORATION", "NIKON D70", " 200 F9 -1.0 200 ", 100, 1700},
+        {"sets/Panasonic_DMC-FZ30.jpg", "Panasonic", "DMC-FZ30", " 30 F3.2 100* ", 100, 1607},
         {"sets/Pentax_K10D.jpg", "PENTAX Corporation ", "PENTAX K10D        ", " 180 F11 200 ", 100,
-         1u, 1349},
-        {"sets/Sony_HDR-HC3.jpg", "SONY", "HDR-HC3", " 60 F4* ", 100, 1u, 1232},
-        {"sets/Olympus_C8080WZ.jpg", "OLYMPUS CORPORATION", "C8080WZ", " 160 F2.8 50* ", 100, 1u,
-         1061},
-        {"sets/exif-org/fujifilm-dx10.jpg", "FUJIFILM", "DX-10", " 97 F4.2 150* ", 1024, 1u, 10274},
+         1349},
+        {"sets/Sony_HDR-HC3.jpg", "SONY", "HDR-HC3", " 60 F4* ", 100, 1232},
+        {"sets/Olympus_C8080WZ.jpg", "OLYMPUS CORPORATION", "C8080WZ", " 160 F2.8 50* ", 100, 1061},
+        {"sets/exif-org/fujifilm-dx10.jpg", "FUJIFILM", "DX-10", " 97 F4.2 150* ", 1024, 10274},
         {"sets/exif-org/kodak-dc210.jpg", "Eastman Kodak Company", "DC210 Zoom (V05.00)",
-         " 30 F4* ", 2147483647, 1u, 20790},
-        {"sets/exif-org/sony-d700.jpg", "SONY", "DSC-D700", " 32 F2.4 200 ", 1344, 1u, 14454},
+         " 30 F4* ", kUnset, 20790},
+        {"sets/exif-org/sony-d700.jpg", "SONY", "DSC-D700", " 32 F2.4 200 ", 1344, 14454},
         {"sets/exif-org/sanyo-vpcsx550.jpg", "SANYO Electric Co.,Ltd.", "SX113 ", " 48 F2.4 400 ",
-         640, 1u, 13234},
-        {"cameras/Nikon.nef", "NIKON CORPORATION", "NIKON D70", " 20 F3.5 200 ", 2147483647, 1u, 0},
-        {"cameras/Panasonic.rw2", "Panasonic", "DMC-LX3", " 250 F4 80 ", 2147483647, 1u, 10785},
-        {"cameras/FujiFilm.raf", "FUJIFILM", "FinePix S5Pro  ", " 250 F8 100 ", 1440, 1u, 9362},
-        {"cameras/DNG.dng", "Canon", "Canon EOS 350D DIGITAL", " 15 F8 400 ", 2147483647, 1u, 246},
+         640, 13234},
+        {"cameras/Nikon.nef", "NIKON CORPORATION", "NIKON D70", " 20 F3.5 200 ", kUnset, 0},
+        {"cameras/Panasonic.rw2", "Panasonic", "DMC-LX3", " 250 F4 80 ", kUnset, 10785},
+        {"cameras/FujiFilm.raf", "FUJIFILM", "FinePix S5Pro  ", " 250 F8 100 ", 1440, 9362},
+        {"cameras/DNG.dng", "Canon", "Canon EOS 350D DIGITAL", " 15 F8 400 ", kUnset, 246},
     };
+    // clang-format on
     for (const Case& c : cases) {
         const auto path = WidePath(folder_ / c.file);
         const Answer answer = AskFor(path.data());
@@ -94,7 +87,7 @@ TEST_F(Photos, ReadAsTheCamerasMeantThem) {
         EXPECT_EQ(Utf8(answer.record.modelText), c.model) << c.file;
         EXPECT_EQ(answer.shortText, c.shortText) << c.file;
         EXPECT_EQ(answer.record.imageWidth, c.width) << c.file;
-        EXPECT_EQ(answer.record.orientation, c.orientation) << c.file;
+        EXPECT_EQ(answer.record.orientation, 1u) << c.file;
         MemoryStream stream;
         Library().getThumbsnail(path.data(), &stream, nullptr, 0);
         EXPECT_EQ(stream.bytes.size(), c.thumbnailBytes) << c.file;
