@@ -130,11 +130,7 @@ Bytes EqualHeaps(std::size_t size, std::uint32_t id, const Bytes& data) {
     heap.U16(U32(entries));
     for (std::size_t i = 0; i < entries; ++i) heap.U16(id).U32(U32(data.size())).U32(0);
     heap.U32(directory);
-    CiffHeap root = NamedHeap();
-    // The same heap from many entries.
-    const Bytes inner = heap.bytes;
-    root.Data(0x300A, inner);
-    return CiffFile(root);
+    return CiffFile(NamedHeap().Data(0x300A, heap.bytes));
 }
 
 // Each block's data is a TIFF structure that leads to the same directory.
@@ -143,12 +139,10 @@ Bytes EqualBlocks(std::size_t size) {
     ByteWriter file(Order::kBig);
     file.U8(0).Raw(FromText("MRM")).U32(U32(size));
     const std::size_t directory = 8 + blocks * 16;
-    for (std::size_t i = 0; i < blocks; ++i)
-        file.U32(0x00545457)
-            .U32(8)
-            .Raw(FromText("MM"))
-            .U16(42)
-            .U32(U32(directory - (8 + i * 16 + 8)));
+    for (std::size_t i = 0; i < blocks; ++i) {
+        file.U32(0x00545457).U32(8).Raw(FromText("MM")).U16(42);
+        file.U32(U32(directory - (8 + i * 16 + 8)));
+    }
     file.U16(500);
     for (std::uint32_t i = 0; i < 500; ++i) file.U16(0x0110).U16(kAscii).U32(60).U32(0);
     return file.Pad(size).bytes;
@@ -206,13 +200,14 @@ Bytes Picture(std::string_view make, std::size_t size, std::uint32_t photometric
     return tiff.Padded(size + 200);
 }
 
+using Build = std::function<Bytes(std::size_t size)>;
+
 void AddNotes(std::vector<WorstFile>& files) {
-    struct Maker {
+    const struct {
         std::string_view make;
         std::string_view header;
         std::vector<std::uint32_t> ranges;  // first tags, 128 from each
-    };
-    const Maker makers[] = {
+    } makers[] = {
         {"Canon", "", {0, 0x80, 0x4000}},
         {"NIKON", "Nikon\0\2\0\0\0II*\0\10\0\0\0"sv, {0, 0x80, 0xE00}},
         {"Minolta", "", {0, 0x80, 0x100}},
@@ -229,113 +224,106 @@ void AddNotes(std::vector<WorstFile>& files) {
         {"Mamiya", "", {0, 0x100}},
         {"LEICA", "LEICA\0\0\0"sv, {0, 0x300}},
     };
-    for (const Maker& maker : makers) {
-        for (const std::uint32_t first : maker.ranges) {
-            const std::string name =
-                "notes of " + std::string(maker.make) + " from tag " + std::to_string(first);
-            files.push_back({name, [&, maker, first](std::size_t size) {
-                                 return EqualNotes(maker.make, size, FromText(maker.header), first,
-                                                   128, kUndefined, U32(size / 4),
-                                                   Bytes(size / 4, 1));
-                             }});
+    for (const auto& [make, header, ranges] : makers)
+        for (const std::uint32_t first : ranges) {
+            const Build build = [=, make = make, header = header](std::size_t size) {
+                return EqualNotes(make, size, FromText(header), first, 128, kUndefined,
+                                  U32(size / 4), Bytes(size / 4, 1));
+            };
+            files.push_back(
+                {"notes of " + std::string(make) + " from tag " + std::to_string(first), build});
         }
-    }
+}
+
+// Previews that share one stream of many segments.
+Bytes EqualPreviews(std::size_t size) {
+    Tiff tiff;
+    const std::uint32_t at = 8 + 2 + 511 * U32(kEntryBytes) + 4 + 1;
+    tiff.Ifd("x", 510, [&](Tiff& t) {
+        for (int i = 0; i < 510; ++i) t.Entry(0x0201, kLong, 1, at);
+    });
+    return tiff.Raw(JpegFile(FromText("\xFF\xE0\0\2"sv), size / 2)).Padded(size);
+}
+
+// Each names the next 512 times.
+Bytes DirectoriesOfDirectories(std::size_t size) {
+    Tiff tiff;
+    tiff.Ifd("x", 511, [&](Tiff& t) {
+        for (int i = 0; i < 511; ++i) t.Entry(0x014A, kLong, 1, 8);
+    });
+    return tiff.Padded(size);
+}
+
+// From some place on a directory begins at every sixth byte.
+Bytes ShortSteps(std::size_t size) {
+    Tiff tiff;
+    tiff.Ifd("x", 0, [](Tiff&) {});
+    Bytes file = tiff.Padded(34);
+    file[8 + 2 + 12] = 34;
+    ByteWriter chain(Order::kLittle);
+    while (chain.bytes.size() + 40 < size) chain.U16(0).U32(U32(chain.bytes.size()) + 34 + 4);
+    return std::move(file) + chain.bytes;
+}
+
+// The notes end at a stream that has no end of its own.
+Bytes EndlessStream(std::size_t size, std::string_view part) {
+    const Bytes stream = FromText("\xFF\xD8\xFF\xDA\0\2"sv) + Repeat(FromText(part), size / 2);
+    return EqualNotes("SIGMA", size, FromText("SIGMA\0\0\0\1\0"sv), 0xFFF0, 1, kUndefined, 8,
+                      stream);
 }
 
 void AddDirectories(std::vector<WorstFile>& files) {
-    const Bytes model =
+    const Bytes text =
         FromText("Model that no rule knows, of the longest text that is kept at all.");
+    const auto add = [&](std::string name, Build build) {
+        files.push_back({std::move(name), std::move(build)});
+    };
+    // clang-format off
     for (const std::string_view make : {"Canon"sv, "NIKON"sv, "Minolta"sv, "OLYMPUS"sv, "SONY"sv,
                                         "PENTAX"sv, "Panasonic"sv, "LEICA"sv, "RICOH"sv})
-        files.push_back({"models of " + std::string(make), [=](std::size_t size) {
-                             return EqualEntries(make, size, 0x0110, kAscii, 63, model);
-                         }});
-    files.push_back({"makes", [=](std::size_t size) {
-                         return EqualEntries("x", size, 0x010F, kAscii, 63, model);
-                     }});
-    files.push_back({"strip lengths", [](std::size_t size) {
-                         return EqualEntries("x", size, 0x0117, 5, size, Bytes(size / 8, 1));
-                     }});
-    files.push_back({"empty sub-directories", [](std::size_t size) {
-                         return SubDirectories("x", size, [](Tiff& t) { t.Count(0); });
-                     }});
-    files.push_back({"sub-directories of previews", [](std::size_t size) {
-                         return SubDirectories("x", size, [](Tiff& t) {
-                             t.Count(2).Entry(0x0201, kLong, 1, 8).Entry(0x0202, kLong, 1, 8);
-                         });
-                     }});
-    files.push_back({"previews of many segments", [](std::size_t size) {
-                         const Bytes stream = JpegFile(FromText("\xFF\xE0\0\2"sv), size / 2);
-                         Tiff tiff;
-                         const std::uint32_t at = 8 + 2 + 511 * U32(kEntryBytes) + 4 + 1;
-                         tiff.Ifd("x", 510, [&](Tiff& t) {
-                             for (int i = 0; i < 510; ++i) t.Entry(0x0201, kLong, 1, at);
-                         });
-                         return tiff.Raw(stream).Padded(size);
-                     }});
-    files.push_back({"directories of directories", [](std::size_t size) {
-                         // Each names the next 512 times.
-                         Tiff tiff;
-                         tiff.Ifd("x", 511, [&](Tiff& t) {
-                             for (int i = 0; i < 511; ++i) t.Entry(0x014A, kLong, 1, 8);
-                         });
-                         return tiff.Padded(size);
-                     }});
-    files.push_back({"chain of short steps", [](std::size_t size) {
-                         Tiff tiff;
-                         tiff.Ifd("x", 0, [](Tiff&) {});
-                         Bytes file = tiff.Padded(34);
-                         // From here on a directory begins at every sixth byte.
-                         file[8 + 2 + 12] = 34;
-                         ByteWriter chain(Order::kLittle);
-                         while (chain.bytes.size() + 40 < size)
-                             chain.U16(0).U32(U32(chain.bytes.size()) + 34 + 4);
-                         return std::move(file) + chain.bytes;
-                     }});
-    files.push_back({"Exif directories", [](std::size_t size) {
-                         return EqualEntries("x", size, 0x8769, kLong, 1, Bytes(64, 0));
-                     }});
-    files.push_back({"empty resources", [](std::size_t size) { return Photoshop(size, 1000); }});
-    files.push_back({"empty thumbnails", [](std::size_t size) { return Photoshop(size, 1036); }});
-}
-
-void AddStreams(std::vector<WorstFile>& files) {
-    files.push_back(
-        {"markers", [](std::size_t size) { return JpegFile(FromText("\xFF\xE0\0\2"sv), size); }});
-    files.push_back(
-        {"fill bytes", [](std::size_t size) { return JpegFile(FromText("\xFF"), size); }});
-    // The notes end at a stream that has no end of its own.
+        add("models of " + std::string(make), [=](std::size_t size) {
+            return EqualEntries(make, size, 0x0110, kAscii, 63, text); });
+    add("makes", [=](std::size_t size) {
+        return EqualEntries("x", size, 0x010F, kAscii, 63, text); });
+    add("strip lengths", [](std::size_t size) {
+        return EqualEntries("x", size, 0x0117, 5, size, Bytes(size / 8, 1)); });
+    add("empty sub-directories", [](std::size_t size) {
+        return SubDirectories("x", size, [](Tiff& t) { t.Count(0); }); });
+    add("sub-directories of previews", [](std::size_t size) {
+        return SubDirectories("x", size, [](Tiff& t) {
+            t.Count(2).Entry(0x0201, kLong, 1, 8).Entry(0x0202, kLong, 1, 8); }); });
+    add("previews of many segments", EqualPreviews);
+    add("directories of directories", DirectoriesOfDirectories);
+    add("chain of short steps", ShortSteps);
+    add("Exif directories", [](std::size_t size) {
+        return EqualEntries("x", size, 0x8769, kLong, 1, Bytes(64, 0)); });
+    add("empty resources", [](std::size_t size) { return Photoshop(size, 1000); });
+    add("empty thumbnails", [](std::size_t size) { return Photoshop(size, 1036); });
+    add("markers", [](std::size_t size) { return JpegFile(FromText("\xFF\xE0\0\2"sv), size); });
+    add("fill bytes", [](std::size_t size) { return JpegFile(FromText("\xFF"), size); });
     for (const std::string_view part :
          {"\xFF\0"sv, "\xFF"sv, "\xFF\xD0"sv, "\0"sv, "\xFF\xDA\0\2"sv})
-        files.push_back({"streams of Sigma's notes, of " + std::to_string(part.size()) + " x " +
-                             std::to_string(static_cast<std::uint8_t>(part.back())),
-                         [=](std::size_t size) {
-                             Bytes stream = FromText("\xFF\xD8\xFF\xDA\0\2"sv) +
-                                            Repeat(FromText(part), size / 2);
-                             return EqualNotes("SIGMA", size, FromText("SIGMA\0\0\0\1\0"sv), 0xFFF0,
-                                               1, kUndefined, 8, stream);
-                         }});
-}
-
-void AddContainers(std::vector<WorstFile>& files) {
-    files.push_back(
-        {"heaps", [](std::size_t size) { return EqualHeaps(size, 0x300B, Bytes(64)); }});
+        add("streams of Sigma's notes, of " + std::to_string(part.size()) + " x " +
+            std::to_string(static_cast<std::uint8_t>(part.back())),
+            [=](std::size_t size) { return EndlessStream(size, part); });
+    add("heaps", [](std::size_t size) { return EqualHeaps(size, 0x300B, Bytes(64)); });
     for (const std::uint32_t id :
          {0x080Au, 0x0810u, 0x1029u, 0x102Au, 0x102Du, 0x1038u, 0x1093u, 0x180Eu, 0x2007u})
-        files.push_back({"records of type " + std::to_string(id), [id](std::size_t size) {
-                             return EqualHeaps(size, id, Bytes(size / 2, 'x'));
-                         }});
-    files.push_back({"blocks", EqualBlocks});
-    files.push_back({"properties", EqualProperties});
-    files.push_back({"coded rows", EqualRows});
-    files.push_back({"RGB", [](std::size_t size) { return Picture("x", size, 2); }});
-    files.push_back({"YCbCr", [](std::size_t size) { return Picture("x", size, 6); }});
-    files.push_back({"Mamiya", [](std::size_t size) { return Picture("Mamiya", size, 2); }});
+        add("records of type " + std::to_string(id), [id](std::size_t size) {
+            return EqualHeaps(size, id, Bytes(size / 2, 'x')); });
+    add("blocks", EqualBlocks);
+    add("properties", EqualProperties);
+    add("coded rows", EqualRows);
+    add("RGB", [](std::size_t size) { return Picture("x", size, 2); });
+    add("YCbCr", [](std::size_t size) { return Picture("x", size, 6); });
+    add("Mamiya", [](std::size_t size) { return Picture("Mamiya", size, 2); });
+    // clang-format on
 }
 
-Bytes RawOf(std::size_t size, const std::function<void(Tiff&, std::uint32_t end)>& last,
-            std::size_t lastCount, std::uint32_t compression, const Bytes& data,
-            std::uint32_t samplesPerByte = 1) {
+// A raw with the entries that `last` writes, `lastCount` of them.
+Bytes RawOf(std::size_t size, std::size_t lastCount,
+            const std::function<void(Tiff&, std::uint32_t end)>& last, std::uint32_t compression,
+            const Bytes& data, std::uint32_t samplesPerByte = 1) {
     Tiff tiff;
     const std::size_t entries = 7 + lastCount;
     const std::uint32_t end = 8 + 2 + U32(kEntryBytes * (entries + 1)) + 4 + 1;
@@ -350,90 +338,79 @@ Bytes RawOf(std::size_t size, const std::function<void(Tiff&, std::uint32_t end)
     return tiff.Raw(data).Padded(size);
 }
 
-void AddRaws(std::vector<WorstFile>& files) {
-    const auto add = [&](const char* name, std::function<Bytes(std::size_t)> build) {
-        files.push_back({name, std::move(build), true});
+// As many equal entries as fit, each of `count` items that stand behind all of them.
+Bytes RawOfEqual(std::size_t size, std::uint32_t tag, std::uint16_t type, std::size_t count,
+                 const Bytes& data) {
+    const std::size_t entries = std::min<std::size_t>(size / 2 / kEntryBytes, 60000);
+    const auto last = [&](Tiff& t, std::uint32_t end) {
+        for (std::size_t i = 0; i < entries; ++i) t.Entry(tag, type, count, count == 1 ? 8 : end);
     };
-    add("raw, balance texts", [](std::size_t size) {
-        const std::size_t count = std::min<std::size_t>(size / 2 / kEntryBytes, 60000);
-        return RawOf(
-            size,
-            [&](Tiff& t, std::uint32_t end) {
-                for (std::size_t i = 0; i < count; ++i) t.Entry(50454, kAscii, size, end);
-            },
-            count, 1, Repeat(FromText("Neutral 1 2 3\n"), size / 4));
-    });
-    add("raw, texts", [](std::size_t size) {
-        const std::size_t count = std::min<std::size_t>(size / 2 / kEntryBytes, 60000);
-        return RawOf(
-            size,
-            [&](Tiff& t, std::uint32_t end) {
-                for (std::size_t i = 0; i < count; ++i) t.Entry(305, kAscii, size, end);
-            },
-            count, 1, Bytes(size / 4, 'x'));
-    });
-    add("raw, Exif directories", [](std::size_t size) {
-        const std::size_t count = std::min<std::size_t>(size / 2 / kEntryBytes, 60000);
-        return RawOf(size,
-                     [&](Tiff& t, std::uint32_t) {
-                         for (std::size_t i = 0; i < count; ++i) t.Entry(34665, kLong, 1, 8);
-                     },
-                     count, 1, {});
-    });
+    return RawOf(size, entries, last, 1, data);
+}
+
+Bytes RawOfTiles(std::size_t size, std::uint32_t side, std::uint32_t compression) {
+    const Bytes stream = FromText("\xFF\xD8"sv) + Repeat(FromText("\xFF"sv), size / 4) +
+                         WriteLosslessJpeg(SmoothSamples(16, 16, 12), {});
+    const auto last = [&](Tiff& t, std::uint32_t end) {
+        t.Entry(322, kLong, 1, side).Entry(323, kLong, 1, side);
+        t.Entry(324, kLong, size / 8, end + size / 2).Entry(50706, 1, 4, 0x00000401);
+    };
+    const Bytes offsets = Repeat(ByteWriter(Order::kLittle).U32(200).bytes, size / 2);
+    return RawOf(size, 4, last, compression, stream + Bytes(size / 2 - stream.size()) + offsets);
+}
+
+Bytes RawOfLevels(std::size_t size) {
+    const auto last = [&](Tiff& t, std::uint32_t end) {
+        t.Entry(50706, 1, 4, 0x00000401).Entry(50712, kShort, size, end);
+        t.Entry(50713, kShort, 2, 64 | 1 << 16).Entry(50714, 10, 64, end);
+        t.Entry(50715, 10, size, end).Entry(50716, 10, size, end);
+    };
+    return RawOf(size, 6, last, 1, {});
+}
+
+// One bit per sample and less: the code of difference 0, then nothing.
+Bytes LosslessRaw(std::size_t size, std::uint32_t precision) {
+    const Samples zeros = {1024, 32, std::vector<std::uint16_t>(1024 * 32)};
+    const Bytes stream = WriteLosslessJpeg(zeros, {.precision = precision});
+    return RawOf(
+        size, 0, [](Tiff&, std::uint32_t) {}, 7, stream, 32);
+}
+
+Bytes PairedRaw(std::size_t size) {
+    const std::uint32_t height = U32(size / 1024);
+    RawForm form;
+    form.width = 1024;
+    form.height = height;
+    form.bits = 12;
+    form.compression = 7;
+    form.make = "Hasselblad";
+    return BuildRaw(form, WritePairedJpeg(NoiseSamples(1024, height / 2, 12), 12));
+}
+
+void AddRaws(std::vector<WorstFile>& files) {
+    const auto add = [&](std::string name, Build build) {
+        files.push_back({"raw, " + std::move(name), std::move(build), true});
+    };
+    // clang-format off
+    add("balance texts", [](std::size_t size) {
+        const Bytes texts = Repeat(FromText("Neutral 1 2 3\n"), size / 4);
+        return RawOfEqual(size, 50454, kAscii, size, texts); });
+    add("texts", [](std::size_t size) {
+        return RawOfEqual(size, 305, kAscii, size, Bytes(size / 4, 'x')); });
+    add("Exif directories", [](std::size_t size) {
+        return RawOfEqual(size, 34665, kLong, 1, {}); });
     for (const std::uint32_t compression : {1u, 7u})
         for (const std::uint32_t side : {1u, 16u})
-            files.push_back(
-                {"raw, tiles of " + std::to_string(side) + ", compression " +
-                     std::to_string(compression),
-                 [=](std::size_t size) {
-                     const Bytes stream = FromText("\xFF\xD8"sv) +
-                                          Repeat(FromText("\xFF"sv), size / 4) +
-                                          WriteLosslessJpeg(SmoothSamples(16, 16, 12), {});
-                     return RawOf(
-                         size,
-                         [&](Tiff& t, std::uint32_t end) {
-                             t.Entry(322, kLong, 1, side).Entry(323, kLong, 1, side);
-                             t.Entry(324, kLong, size / 8, end + size / 2);
-                             t.Entry(50706, 1, 4, 0x00000401);
-                         },
-                         4, compression,
-                         Bytes(stream) + Bytes(size / 2 - stream.size()) +
-                             Repeat(ByteWriter(Order::kLittle).U32(200).bytes, size / 2));
-                 },
-                 true});
-    add("raw, levels", [](std::size_t size) {
-        return RawOf(size,
-                     [&](Tiff& t, std::uint32_t end) {
-                         t.Entry(50706, 1, 4, 0x00000401).Entry(50712, kShort, size, end);
-                         t.Entry(50713, kShort, 2, 64 | 1 << 16).Entry(50714, 10, 64, end);
-                         t.Entry(50715, 10, size, end).Entry(50716, 10, size, end);
-                     },
-                     6, 1, {});
-    });
+            add("tiles of " + std::to_string(side) + ", compression " + std::to_string(compression),
+                [=](std::size_t size) { return RawOfTiles(size, side, compression); });
+    add("levels", RawOfLevels);
     for (const std::uint32_t precision : {12u, 16u})
-        files.push_back({"raw, lossless, " + std::to_string(precision) + " bits",
-                         [=](std::size_t size) {
-                             // One bit per sample and less: the code of difference 0, then nothing.
-                             const Bytes stream = WriteLosslessJpeg(
-                                 Samples{1024, 32, std::vector<std::uint16_t>(1024 * 32)},
-                                 {.precision = precision});
-                             return RawOf(
-                                 size, [](Tiff&, std::uint32_t) {}, 0, 7, stream, 32);
-                         },
-                         true});
-    add("raw, packed", [](std::size_t size) {
-        return RawOf(
-            size, [](Tiff&, std::uint32_t) {}, 0, 32773, Bytes(size, 7));
-    });
-    add("raw, paired", [](std::size_t size) {
-        Bytes file = BuildRaw({.width = 1024,
-                               .height = U32(size / 1024),
-                               .bits = 12,
-                               .compression = 7,
-                               .make = "Hasselblad"},
-                              WritePairedJpeg(NoiseSamples(1024, U32(size / 1024 / 2), 12), 12));
-        return file;
-    });
+        add("lossless, " + std::to_string(precision) + " bits",
+            [=](std::size_t size) { return LosslessRaw(size, precision); });
+    add("packed", [](std::size_t size) {
+        return RawOf(size, 0, [](Tiff&, std::uint32_t) {}, 32773, Bytes(size, 7)); });
+    add("paired", PairedRaw);
+    // clang-format on
 }
 
 }  // namespace
@@ -442,8 +419,6 @@ std::vector<WorstFile> WorstFiles() {
     std::vector<WorstFile> files;
     AddDirectories(files);
     AddNotes(files);
-    AddStreams(files);
-    AddContainers(files);
     AddRaws(files);
     return files;
 }
