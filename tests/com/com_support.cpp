@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "support/api.h"
 #include "support/utf8.h"
 
 namespace qmx::test {
@@ -18,16 +19,6 @@ struct Root {
 constexpr std::size_t kRootCount = 3;
 const Root kRoots[kRootCount] = {
     {HKEY_CLASSES_ROOT, L"HKCR"}, {HKEY_LOCAL_MACHINE, L"HKLM"}, {HKEY_CURRENT_USER, L"HKCU"}};
-
-template <class Function>
-void LookUp(HMODULE module, const char* name, Function& function) {
-    const FARPROC found = module != nullptr ? GetProcAddress(module, name) : nullptr;
-    if (found == nullptr) {
-        std::fprintf(stderr, "%s is not to be found\n", name);
-        std::exit(1);
-    }
-    std::memcpy(&function, &found, sizeof function);
-}
 
 void List(HKEY key, const std::string& path, std::vector<std::string>& out) {
     wchar_t name[300];

@@ -3,8 +3,10 @@
 
 #include <qmxexif.h>
 
+#include <oleauto.h>
 #include <qmx_interfaces.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -61,6 +63,21 @@ ComPtr<Interface> Query(const From& from) {
     from->QueryInterface(__uuidof(Interface), to.ReceiveAny());
     return to;
 }
+
+class AutoBstr {
+public:
+    explicit AutoBstr(const wchar_t* text) : text_(SysAllocString(text)) {}
+    explicit AutoBstr(UINT length) : text_(SysAllocStringLen(nullptr, length)) {
+        std::fill(text_, text_ + length, L'-');
+    }
+    AutoBstr(const AutoBstr&) = delete;
+    AutoBstr& operator=(const AutoBstr&) = delete;
+    ~AutoBstr() { SysFreeString(text_); }
+    operator BSTR() const { return text_; }
+
+private:
+    BSTR text_;
+};
 
 // Path of the file that an environment variable names.
 std::wstring Environment(const wchar_t* name);

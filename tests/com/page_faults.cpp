@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "support/imports.h"
+
 namespace qmx::test {
 namespace {
 
@@ -105,13 +107,6 @@ Patch patches[] = {
     To("calloc", PatchedCalloc),           To("free", PatchedFree),
 };
 
-void SwapImport(ULONG_PTR& entry, ULONG_PTR& other) {
-    DWORD protection = 0;
-    VirtualProtect(&entry, sizeof entry, PAGE_READWRITE, &protection);
-    std::swap(entry, other);
-    VirtualProtect(&entry, sizeof entry, protection, &protection);
-}
-
 // First in line, as a debugger is: gives the exception the code that it would have.
 LONG CALLBACK NameFault(EXCEPTION_POINTERS* exception) {
     EXCEPTION_RECORD& record = *exception->ExceptionRecord;
@@ -171,26 +166,14 @@ PatchedModule::~PatchedModule() {
 }
 
 void PatchedModule::Swap() {
-    auto* const base = reinterpret_cast<char*>(module_);
-    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    const auto* library =
-        reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
     std::size_t found = 0;
-    for (; library->Name != 0; ++library) {
-        const auto* names = reinterpret_cast<const ULONG_PTR*>(base + library->OriginalFirstThunk);
-        auto* entries = reinterpret_cast<ULONG_PTR*>(base + library->FirstThunk);
-        for (; *names != 0; ++names, ++entries) {
-            const auto* import = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + *names);
-            for (Patch& patch : patches) {
-                if (std::strcmp(reinterpret_cast<const char*>(import->Name), patch.name) != 0)
-                    continue;
-                SwapImport(*entries, patch.other);
-                ++found;
-            }
+    ForEachImport(module_, [&](std::string_view name, ULONG_PTR& target) {
+        for (Patch& patch : patches) {
+            if (name != patch.name) continue;
+            std::swap(target, patch.other);
+            ++found;
         }
-    }
+    });
     EXPECT_EQ(found, std::size(patches));
 }
 

@@ -13,98 +13,25 @@
 #include "com/com_support.h"
 #include "com/fake_shell_item.h"
 #include "com/page_faults.h"
-#include "support/api.h"
+#include "support/exports.h"
 #include "support/memory_stream.h"
 #include "support/raw_seeds.h"
 #include "support/seed_files.h"
-#include "support/utf8.h"
 
 namespace qmx::test {
 namespace {
 
 constexpr wchar_t kMissing[] = L"Z:\\no such file.jpg";
 
-std::string BytesOf(const void* bytes, std::size_t length) {
-    return {static_cast<const char*>(bytes), length};
-}
-
-// Everything that a request with a picture leaves behind.
+// Everything that a call leaves behind.
 template <class Call>
-std::string WithPicture(Call call) {
+std::string Outcome(Call call, const wchar_t* path) {
     MemoryStream stream;
-    UINT32 orientation = 77;
-    wchar_t text[QMXEXIF_TEXT_BUFFER_LENGTH] = {};
-    const UINT32 result = call(&stream, &orientation, text);
-    return std::to_string(result) + ' ' + std::to_string(orientation) + ' ' +
-           BytesOf(text, sizeof text) + BytesOf(stream.bytes.data(), stream.bytes.size());
+    Caller caller(&stream);
+    const auto result = static_cast<UINT32>(call(path, caller));
+    return std::to_string(result) + ' ' + std::to_string(caller.Written()) +
+           std::string(stream.bytes.begin(), stream.bytes.end());
 }
-
-std::string Record(const wchar_t* path, UINT32 flag) {
-    InfoRequest record = {};
-    return WithPicture([&](IStream* stream, UINT32* orientation, wchar_t*) {
-               return Library().getExifInfoEx(path, stream, orientation, flag, &record);
-           }) +
-           BytesOf(&record, sizeof record);
-}
-
-std::string List(const wchar_t* path) {
-    std::string text;
-    for (const std::string& item : ListOf(path)) text += item + '\n';
-    return text;
-}
-
-struct Request {
-    const char* name;
-    std::string (*run)(const wchar_t* path);
-};
-
-constexpr Request kRequests[] = {
-    {"record",
-     [](const wchar_t* path) {
-         const Answer answer = AskFor(path);
-         return std::to_string(answer.result) + BytesOf(&answer.record, sizeof answer.record) +
-                answer.longText + answer.shortText;
-     }},
-    {"small picture and record", [](const wchar_t* path) { return Record(path, 0); }},
-    {"large picture and record", [](const wchar_t* path) { return Record(path, 1); }},
-    {"basic record",
-     [](const wchar_t* path) {
-         InfoRequest record = {};
-         const UINT32 result = Library().getExifInfo(path, nullptr, &record);
-         return std::to_string(result) + BytesOf(&record, sizeof record);
-     }},
-    {"small picture",
-     [](const wchar_t* path) {
-         return WithPicture([&](IStream* stream, UINT32*, wchar_t* text) {
-             return Library().getThumbsnail(path, stream, text, 1);
-         });
-     }},
-    {"large picture and texts",
-     [](const wchar_t* path) {
-         return WithPicture([&](IStream* stream, UINT32* orientation, wchar_t* text) {
-             return Library().getThumbnailImage(path, stream, orientation, 1, text, 1);
-         });
-     }},
-    {"large picture",
-     [](const wchar_t* path) {
-         return WithPicture([&](IStream* stream, UINT32* orientation, wchar_t*) {
-             return Library().getPrimaryImageEx(path, stream, orientation);
-         });
-     }},
-    {"texts",
-     [](const wchar_t* path) {
-         return WithPicture(
-             [&](IStream*, UINT32*, wchar_t* text) { return Library().getInfoTip(path, text, 1); });
-     }},
-    {"date",
-     [](const wchar_t* path) {
-         return WithPicture([&](IStream*, UINT32*, wchar_t* text) {
-             return Library().getDateTimeString(path, text, 64);
-         });
-     }},
-    {"probe", [](const wchar_t* path) { return std::to_string(Library().isExifFile(path)); }},
-    {"list", List},
-};
 
 class PageFaults : public testing::Test {
 protected:
@@ -158,24 +85,25 @@ std::vector<SeedFile> AllSeeds() {
 
 TEST_F(PageFaults, MakeExportsFailAndReleaseEverything) {
     for (const SeedFile& seed : AllSeeds())
-        for (const Request& request : kRequests) {
+        for (const Export& request : Exports()) {
             SCOPED_TRACE(seed.name + ", " + request.name);
-            Sweep(seed, request.run, 8);
+            Sweep(
+                seed, [&](const wchar_t* path) { return Outcome(request.call, path); }, 8);
         }
 }
 
 TEST_F(PageFaults, MakeTheAutomationObjectFail) {
     const auto parser = module.Create<IExifParser>(CLSID_ExifParser);
     const auto ask = [&](const wchar_t* text) {
-        const BSTR path = SysAllocString(text);
-        InfoRequest record = {};
-        std::string outcome = WithPicture([&](IStream* stream, UINT32* orientation, wchar_t*) {
-            return static_cast<UINT32>(
-                parser->ExifGetExifInfoEx(path, stream, reinterpret_cast<LONG*>(orientation), 1,
-                                          reinterpret_cast<LONG_PTR>(&record)));
-        });
-        SysFreeString(path);
-        return outcome + BytesOf(&record, sizeof record);
+        const auto call = [&](const wchar_t* path, Caller& c) {
+            const BSTR name = SysAllocString(path);
+            auto* const orientation = reinterpret_cast<LONG*>(&c.orientation);
+            const HRESULT result = parser->ExifGetExifInfoEx(name, c.stream, orientation, 1,
+                                                             reinterpret_cast<LONG_PTR>(&c.record));
+            SysFreeString(name);
+            return result;
+        };
+        return Outcome(call, text);
     };
     EXPECT_EQ(ask(kMissing).substr(0, 10), std::to_string(static_cast<UINT32>(E_FAIL)));
     for (const SeedFile& seed : AllSeeds()) {
@@ -214,19 +142,18 @@ TEST_F(PageFaults, ConcernTheirOwnThreadOnly) {
     struct File {
         const TestFile file;
         std::size_t size;
-        std::vector<std::string> sound;
+        std::vector<std::string> sound = {};
     };
     std::vector<std::unique_ptr<File>> files;
     ReadableUpTo(kWhole);
     for (const SeedFile& seed : AllSeeds()) {
         if (seed.bytes.size() > 20000) continue;
-        files.push_back(std::unique_ptr<File>(
-            new File{TestFile(seed.bytes, seed.name), seed.bytes.size(), {}}));
-        for (const Request& request : kRequests)
-            files.back()->sound.push_back(request.run(files.back()->file.path()));
+        files.emplace_back(new File{TestFile(seed.bytes, seed.name), seed.bytes.size()});
+        for (const Export& request : Exports())
+            files.back()->sound.push_back(Outcome(request.call, files.back()->file.path()));
     }
     std::vector<std::string> failed;
-    for (const Request& request : kRequests) failed.push_back(request.run(kMissing));
+    for (const Export& request : Exports()) failed.push_back(Outcome(request.call, kMissing));
 
     std::atomic<int> faults = 0;
     std::atomic<int> wrong = 0;
@@ -234,10 +161,10 @@ TEST_F(PageFaults, ConcernTheirOwnThreadOnly) {
         std::mt19937 random(number);
         for (int i = 0; i < 120; ++i) {
             const File& file = *files[random() % files.size()];
-            const std::size_t request = random() % std::size(kRequests);
+            const std::size_t request = random() % failed.size();
             ReadableUpTo(number % 2 != 0 ? random() % file.size : kWhole);
             ThreadTraffic() = {};
-            const std::string outcome = kRequests[request].run(file.file.path());
+            const std::string outcome = Outcome(Exports()[request].call, file.file.path());
             const Traffic after = ThreadTraffic();
             const bool faulted = after.faults != 0;
             faults += faulted;
@@ -250,13 +177,6 @@ TEST_F(PageFaults, ConcernTheirOwnThreadOnly) {
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(wrong, 0);
     EXPECT_GT(faults, 50);
-}
-
-Bytes FindSeed(const std::string& name) {
-    for (const SeedFile& seed : SeedFiles())
-        if (seed.name == name) return seed.bytes;
-    ADD_FAILURE() << name;
-    return {};
 }
 
 // A stream that does something with what it is given before it takes it.
@@ -293,7 +213,10 @@ TEST_F(PageFaults, OfOthersGoToTheHandlersOfOthers) {
     EXPECT_EQ(Library().enumInfo(file.path(), callback, 0), 1u);
     EXPECT_GT(filter.mended(), 2);
     // Elsewhere, under the guard.
-    const TestFile bitmapFile(FindSeed("rgb.tif"), ".tif");
+    TiffBuilder tiff;
+    tiff.Ifd().Camera();
+    tiff.Ifd().Picture(1, 1, 2, Bytes(3));
+    const TestFile bitmapFile(tiff.Build(), ".tif");
     int before = filter.mended();
     ReadBrokenPageInAllocations(true);
     MemoryStream plain;

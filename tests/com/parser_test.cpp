@@ -3,7 +3,6 @@
 #include <qmxexif.h>
 
 #include <gtest/gtest.h>
-#include <oleauto.h>
 
 #include "com/com_support.h"
 #include "support/api.h"
@@ -13,21 +12,6 @@
 
 namespace qmx::test {
 namespace {
-
-class AutoBstr {
-public:
-    explicit AutoBstr(const wchar_t* text) : text_(SysAllocString(text)) {}
-    explicit AutoBstr(UINT length) : text_(SysAllocStringLen(nullptr, length)) {
-        std::fill(text_, text_ + length, L'-');
-    }
-    AutoBstr(const AutoBstr&) = delete;
-    AutoBstr& operator=(const AutoBstr&) = delete;
-    ~AutoBstr() { SysFreeString(text_); }
-    operator BSTR() const { return text_; }
-
-private:
-    BSTR text_;
-};
 
 class Parser : public testing::Test {
 protected:
@@ -183,10 +167,10 @@ TEST_F(Parser, IsBoundLate) {
 
     ComPtr<IStream> stream;
     ASSERT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, stream.Receive()), S_OK);
+    LONG orientation = 0;
     VARIANT image = {};
     image.vt = VT_UNKNOWN;
     image.punkVal = stream.Get();
-    LONG orientation = 0;
     VARIANT turn = {};
     turn.vt = VT_BYREF | VT_I4;
     turn.plVal = &orientation;

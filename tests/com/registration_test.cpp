@@ -25,6 +25,11 @@ const char kAppId[] = "{202068E5-655D-4CAE-8FD5-D6997DFD0F0D}";
 const wchar_t kApproved[] =
     L"Software\\Microsoft\\Windows\\CurrentVersion\\Shell Extensions\\Approved";
 
+Lines operator+(Lines left, const Lines& right) {
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
 Lines ClassLines(const std::string& key, const char* name, const std::string& path) {
     return {key, key + "|=" + name, key + "\\InprocServer32", key + "\\InprocServer32|=" + path,
             key + "\\InprocServer32|ThreadingModel=Apartment"};
@@ -33,34 +38,27 @@ Lines ClassLines(const std::string& key, const char* name, const std::string& pa
 // What the scripts write below `classes`.
 Lines ScriptLines(const std::string& classes, const std::string& path) {
     const std::string app = classes + "\\AppID";
-    Lines lines = {app,
-                   app + "\\qmxexif.DLL",
-                   app + "\\qmxexif.DLL|AppID=" + kAppId,
-                   app + "\\" + kAppId,
-                   app + "\\" + kAppId + "|=qmxexif",
-                   classes + "\\CLSID"};
-    for (const auto& more : {ClassLines(classes + "\\" + kParserKey, "ExifParser Class", path),
-                             ClassLines(classes + "\\" + kProviderKey, "RawThmubnail Class", path)})
-        lines.insert(lines.end(), more.begin(), more.end());
-    return lines;
+    return Lines{app,
+                 app + "\\qmxexif.DLL",
+                 app + "\\qmxexif.DLL|AppID=" + kAppId,
+                 app + "\\" + kAppId,
+                 app + "\\" + kAppId + "|=qmxexif",
+                 classes + "\\CLSID"} +
+           ClassLines(classes + "\\" + kParserKey, "ExifParser Class", path) +
+           ClassLines(classes + "\\" + kProviderKey, "RawThmubnail Class", path);
 }
 
 // What the shell needs, always for the whole machine.
 Lines ShellLines() {
     const std::string file = "HKCR\\.qmxexif.DigitalImage";
     const std::string handler = file + "\\ShellEx\\{E357FCCD-A995-4576-B01F-234630154E96}";
-    Lines lines = {file, file + "\\ShellEx", handler, handler + "|=" + kProviderId, "HKLM"};
+    Lines lines = {file, file + "\\ShellEx", handler, handler + "|=" + kProviderId};
+    std::string key = "HKLM";
     for (const char* part :
          {"Software", "Microsoft", "Windows", "CurrentVersion", "Shell Extensions", "Approved"})
-        lines.push_back(lines.back() + "\\" + part);
-    lines.erase(lines.begin() + 4);
-    lines.push_back(lines.back() + "|" + kProviderId + "=RawThmubnail Class");
+        lines.push_back(key += std::string("\\") + part);
+    lines.push_back(key + "|" + kProviderId + "=RawThmubnail Class");
     return lines;
-}
-
-Lines operator+(Lines left, const Lines& right) {
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
 }
 
 // The DLL under another name, so that its module-wide state is fresh.
@@ -246,27 +244,15 @@ TEST(Script, ReplacesOrDeletesWhatWasThere) {
 }
 
 TEST(Script, IsRefusedWholeWhenItIsBroken) {
-    for (const wchar_t* script : {L"HKXX { A }",
-                                  L"HKCR",
-                                  L"HKCR {",
-                                  L"HKCR { A",
-                                  L"HKCR { A } }",
-                                  L"HKCR { 'A }",
-                                  L"HKCR { '' }",
-                                  L"HKCR { A\\B }",
-                                  L"HKCR { ForceRemove }",
-                                  L"HKCR { A = s }",
-                                  L"HKCR { A = x 'y' }",
-                                  L"HKCR { A = d 12x }",
-                                  L"HKCR { A = d 4294967296 }",
-                                  L"HKCR { A = d '' }",
-                                  L"HKCR { val v }",
-                                  L"HKCR { %NONE% }",
-                                  L"HKCR { '100%' }",
-                                  L"HKCR { { } }",
-                                  L"HKCR { = s 'x' }",
-                                  L"HKCR { Delete val }x"})
+    // clang-format off
+    for (const wchar_t* script :
+         {L"HKXX { A }", L"HKCR", L"HKCR {", L"HKCR { A", L"HKCR { A } }", L"HKCR { 'A }",
+          L"HKCR { '' }", L"HKCR { A\\B }", L"HKCR { ForceRemove }", L"HKCR { A = s }",
+          L"HKCR { A = x 'y' }", L"HKCR { A = d 12x }", L"HKCR { A = d 4294967296 }",
+          L"HKCR { A = d '' }", L"HKCR { val v }", L"HKCR { %NONE% }", L"HKCR { '100%' }",
+          L"HKCR { { } }", L"HKCR { = s 'x' }", L"HKCR { Delete val }x"})
         EXPECT_FALSE(ParseScript(script, kVariables)) << Utf8(script);
+    // clang-format on
     std::wstring deep = L"HKCR {";
     for (int i = 0; i < 100000; ++i) deep += L" A {";
     EXPECT_FALSE(ParseScript(deep, {}));
