@@ -1,7 +1,6 @@
 #include "hostile/corpus.h"
 
 #include <algorithm>
-#include <chrono>
 #include <fstream>
 
 #include "bench/platform.h"
@@ -39,20 +38,6 @@ std::vector<std::filesystem::path> ListFiles(const std::vector<std::filesystem::
 test::Bytes ReadFile(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-TemporaryFolder::TemporaryFolder() {
-    const auto now = std::chrono::system_clock::now().time_since_epoch().count();
-    for (int i = 0;; ++i) {
-        path = std::filesystem::temp_directory_path() /
-               ("qmxexif-hostile-" + std::to_string(now) + "-" + std::to_string(i));
-        if (std::filesystem::create_directories(path)) return;
-    }
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
 }
 
 #ifdef _WIN32

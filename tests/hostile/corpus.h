@@ -6,26 +6,18 @@
 #include <string>
 #include <vector>
 
+#include "support/temporary_folder.h"
 #include "support/tiff_builder.h"
 
 namespace qmx::hostile {
 
+using test::TemporaryFolder;
 using WideText = std::vector<wchar_t>;  // NUL-terminated UTF-16
 
 // The files named, and all files in the folders named, in a fixed order.
 std::vector<std::filesystem::path> ListFiles(const std::vector<std::filesystem::path>& places);
 
 test::Bytes ReadFile(const std::filesystem::path& path);
-
-// A new folder, deleted with all that is in it at the end of the scope.
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder();
-    std::filesystem::path path;
-};
 
 // A place for bytes that the library is to open as a file: in memory natively, in `folder` on
 // Windows.  Each call replaces what was there.

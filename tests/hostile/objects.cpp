@@ -1,10 +1,7 @@
 #include "hostile/objects.h"
 
 #ifdef _WIN32
-#include <oleauto.h>
 #include <thumbcache.h>
-
-#include <algorithm>
 
 #include "com/fake_shell_item.h"
 #endif
@@ -14,20 +11,8 @@ namespace qmx::hostile {
 #ifdef _WIN32
 namespace {
 
-class Text {
-public:
-    explicit Text(const wchar_t* text) : text_(SysAllocString(text)) {}
-    explicit Text(UINT length) : text_(SysAllocStringLen(nullptr, length)) {
-        std::fill(text_, text_ + length, L'-');
-    }
-    Text(const Text&) = delete;
-    Text& operator=(const Text&) = delete;
-    ~Text() { SysFreeString(text_); }
-    operator BSTR() const { return text_; }
-
-private:
-    BSTR text_;
-};
+using test::AutoBstr;
+using test::Digest;
 
 void Close(Answers& answers, HRESULT result, Digest digest) {
     if (result != S_OK && result != E_FAIL && answers.broken == nullptr)
@@ -68,46 +53,39 @@ bool Objects::AllReleased() const { return module_.isUnlocked(); }
 
 void Objects::AskParser(const wchar_t* path, Answers& answers) {
     const auto parser = module_.Create<IExifParser>(CLSID_ExifParser);
-    const Text name(path);
-    Close(answers, parser->ExifIsExifFile(name), {});
-    {
-        Digest digest;
+    const AutoBstr name(path);
+    // All that a method may write.
+    struct Room {
         DigestStream stream;
         InfoRequest record = {};
         LONG orientation = -7;
-        const HRESULT result = parser->ExifGetExifInfoEx(name, &stream, &orientation, 0,
-                                                         reinterpret_cast<LONG_PTR>(&record));
-        digest.Add(&record, sizeof record);
-        digest.Add(static_cast<std::uint64_t>(orientation));
-        digest.Add(stream.digest.value);
+        AutoBstr text{QMXEXIF_TEXT_BUFFER_LENGTH};
+        Digest list = {};
+        LONG_PTR Record() { return reinterpret_cast<LONG_PTR>(&record); }
+        LONG_PTR List() { return reinterpret_cast<LONG_PTR>(&list); }
+    };
+    const auto ask = [&](auto call) {
+        Room room;
+        const HRESULT result = call(room);
+        Digest digest = room.list;
+        digest.Add(&room.record, sizeof room.record);
+        digest.Add(static_cast<std::uint64_t>(room.orientation));
+        digest.Add(room.stream.digest.value);
+        digest.AddText(room.text);
         Close(answers, result, digest);
-    }
-    {
-        Digest digest;
-        DigestStream stream;
-        LONG orientation = -7;
-        const Text text(QMXEXIF_TEXT_BUFFER_LENGTH);
-        const HRESULT result =
-            parser->ExifGetThumbnailImage(name, &stream, &orientation, 1, text, 1282);
-        digest.AddText(text);
-        digest.Add(static_cast<std::uint64_t>(orientation));
-        digest.Add(stream.digest.value);
-        Close(answers, result, digest);
-    }
-    const Text tip(QMXEXIF_TEXT_BUFFER_LENGTH);
-    Digest digest;
-    HRESULT result = parser->ExifGetInfoTip(name, tip, 1);
-    digest.AddText(tip);
-    Close(answers, result, digest);
-    const Text date(40u);
-    digest = {};
-    result = parser->ExifGetDateTimeString(name, date, 40);
-    digest.AddText(date);
-    Close(answers, result, digest);
-    digest = {};
-    result = parser->ExifEnumInfo(name, reinterpret_cast<LONG_PTR>(Collect),
-                                  reinterpret_cast<LONG_PTR>(&digest));
-    Close(answers, result, digest);
+    };
+    ask([&](Room&) { return parser->ExifIsExifFile(name); });
+    ask([&](Room& r) {
+        return parser->ExifGetExifInfoEx(name, &r.stream, &r.orientation, 0, r.Record());
+    });
+    ask([&](Room& r) {
+        return parser->ExifGetThumbnailImage(name, &r.stream, &r.orientation, 1, r.text, 1282);
+    });
+    ask([&](Room& r) { return parser->ExifGetInfoTip(name, r.text, 1); });
+    ask([&](Room& r) { return parser->ExifGetDateTimeString(name, r.text, 40); });
+    ask([&](Room& r) {
+        return parser->ExifEnumInfo(name, reinterpret_cast<LONG_PTR>(Collect), r.List());
+    });
 }
 
 void Objects::AskProvider(const wchar_t* path, Answers& answers) {

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <map>
 #include <string>
 
@@ -39,22 +38,15 @@ std::optional<Options> ReadOptions(int argc, char** argv) {
 #endif
     options.seed = static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch() /
                                               std::chrono::milliseconds(1));
-    using Text = const std::filesystem::path&;
-    const auto number = [](Text text) { return std::strtoull(text.string().c_str(), nullptr, 10); };
-    const std::map<std::string, std::function<void(Text)>> valued = {
-        {"--mutate", [&](Text text) { options.mutants = number(text); }},
-        {"--seed", [&](Text text) { options.seed = number(text); }},
-        {"--max-size", [&](Text text) { options.maxSize = number(text); }},
-        {"--time-limit",
-         [&](Text text) { options.timeLimitSeconds = static_cast<double>(number(text)); }},
-        {"--seconds", [&](Text text) { options.seconds = static_cast<double>(number(text)); }},
-        {"--slow-ms",
-         [&](Text text) { options.slowMilliseconds = static_cast<double>(number(text)); }},
-        {"--memory-mib",
-         [&](Text text) { options.memoryBytes = static_cast<std::int64_t>(number(text) << 20); }},
-        {"--from", [&](Text text) { options.from = number(text); }},
-        {"--worker", [&](Text text) { options.worker = text; }},
-    };
+    std::uint64_t memoryMib = 0;
+    const std::map<std::string, std::uint64_t*> counts = {{"--mutate", &options.mutants},
+                                                          {"--seed", &options.seed},
+                                                          {"--from", &options.from},
+                                                          {"--max-size", &options.maxSize},
+                                                          {"--memory-mib", &memoryMib}};
+    const std::map<std::string, double*> times = {{"--time-limit", &options.timeLimitSeconds},
+                                                  {"--seconds", &options.seconds},
+                                                  {"--slow-ms", &options.slowMilliseconds}};
     const std::map<std::string, bool*> flags = {{"--truncate", &options.truncate},
                                                 {"--fresh", &options.fresh}};
     const auto arguments = bench::ReadArguments(argc, argv);
@@ -66,14 +58,18 @@ std::optional<Options> ReadOptions(int argc, char** argv) {
             options.objects = false;
         } else if (const auto flag = flags.find(name); flag != flags.end()) {
             *flag->second = true;
-        } else if (const auto option = valued.find(name);
-                   option != valued.end() && i + 1 < arguments.size()) {
-            option->second(arguments[++i]);
+        } else if (i + 1 < arguments.size() && counts.contains(name)) {
+            *counts.at(name) = std::strtoull(arguments[++i].string().c_str(), nullptr, 10);
+        } else if (i + 1 < arguments.size() && times.contains(name)) {
+            *times.at(name) = std::atof(arguments[++i].string().c_str());
+        } else if (i + 1 < arguments.size() && name == "--worker") {
+            options.worker = arguments[++i];
         } else {
             std::fputs(kUsage, stderr);
             return std::nullopt;
         }
     }
+    if (memoryMib != 0) options.memoryBytes = static_cast<std::int64_t>(memoryMib << 20);
     return options;
 }
 

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdint>
 
-#include "support/api.h"
+#include "support/exports.h"
 #include "support/written_stream.h"
 
 namespace qmx::hostile {
@@ -17,7 +17,7 @@ struct Answers {
     // Of these, the first broken promise; null when all were kept.
     const char* broken = nullptr;
     bool parsed = false;     // there is metadata
-    bool delivered = false;  // and a small preview
+    bool delivered = false;  // and a picture
     // What each request took; those that may develop a raw file apart.
     std::array<float, 24> milliseconds = {};
     std::array<float, 24> developMilliseconds = {};
@@ -32,19 +32,10 @@ const char* NameOfRequest(std::size_t place);
 // Allocates nothing itself, so that whatever is still allocated afterwards is the library's.
 Answers AskEverything(const wchar_t* path);
 
-// A digest that takes 8 bytes at a time.
-class Digest {
-public:
-    void Add(const void* data, std::size_t size);
-    void Add(std::uint64_t number);
-    void AddText(const wchar_t* text);
-    std::uint64_t value = 0x9E3779B97F4A7C15u;
-};
-
 // Swallows what is written and keeps a digest of it.
 class DigestStream final : public test::WrittenStream {
 public:
-    Digest digest;
+    test::Digest digest;
     std::uint64_t size = 0;
     std::uint64_t position = 0;
 

@@ -129,7 +129,7 @@ private:
     void CheckMemory(const Work::Item& item, std::int64_t peak) {
         const auto size = static_cast<std::int64_t>(item.size);
         const std::int64_t beyond = peak - size - (kViewIsHeap ? size : 0);
-        Rank(page_.hungriest, static_cast<double>(beyond), item.name);
+        page_.hungriest.Take(static_cast<double>(beyond), item.name);
         if (beyond > options_.memoryBytes)
             page_.AddFinding("memory", item.name, std::to_string(peak) + " bytes");
     }
@@ -148,18 +148,18 @@ private:
             return options_.slowMilliseconds > 0 &&
                    Sum(answers.milliseconds) > options_.slowMilliseconds;
         };
-        const auto ranks = [&] {
-            return WouldRank(page_.slowest, Sum(answers.milliseconds)) ||
-                   WouldRank(page_.developed, Sum(answers.developMilliseconds));
+        const auto isSlowest = [&] {
+            return Sum(answers.milliseconds) > page_.slowest.value ||
+                   Sum(answers.developMilliseconds) > page_.developed.value;
         };
-        for (int i = 0; isSlow() ? i < kTriesWhenSlow : ranks() && i < kConfirmations; ++i) {
+        for (int i = 0; isSlow() ? i < kTriesWhenSlow : isSlowest() && i < kConfirmations; ++i) {
             const Answers again = AskEverything(item.path);
             TakeQuicker(answers.milliseconds, again.milliseconds);
             TakeQuicker(answers.developMilliseconds, again.developMilliseconds);
         }
         const double taken = Sum(answers.milliseconds);
-        Rank(page_.slowest, taken, item.name);
-        Rank(page_.developed, Sum(answers.developMilliseconds), item.name);
+        page_.slowest.Take(taken, item.name);
+        page_.developed.Take(Sum(answers.developMilliseconds), item.name);
         if (isSlow()) page_.AddFinding("slow", item.name, std::to_string(taken) + " ms");
     }
 
@@ -181,6 +181,9 @@ private:
     Answers* fresh_;
     std::unique_ptr<Objects> objects_;
 };
+
+unsigned long long Wide(std::uint64_t number) { return number; }
+long long Signed(std::int64_t number) { return number; }
 
 // Watches over the workers.
 class Watch {
@@ -240,9 +243,8 @@ private:
             }
             if (now - told > std::chrono::seconds(30)) {
                 told = now;
-                std::fprintf(stderr, "%llu of %llu\n",
-                             static_cast<unsigned long long>(page_.item.load()),
-                             static_cast<unsigned long long>(work_.HostileCount()));
+                std::fprintf(stderr, "%llu of %llu\n", Wide(page_.item),
+                             Wide(work_.HostileCount()));
             }
         }
         return true;
@@ -255,35 +257,28 @@ private:
     Page& page_;
 };
 
-void PrintRanking(const char* title, const Measured (&ranking)[Page::kRanking], double divisor) {
-    std::printf("%s\n", title);
-    for (const Measured& measured : ranking)
-        if (measured.value > 0)
-            std::printf("  %10.2f  %s\n", measured.value / divisor, measured.file);
-}
-
 int Report(const Options& options, const Work& work, const Page& page) {
     if (options.mutants != 0)
-        std::printf("seeds %llu to %llu\n", static_cast<unsigned long long>(options.seed),
-                    static_cast<unsigned long long>(options.seed + options.mutants - 1));
-    std::printf("%llu files, %llu with metadata, %llu with a preview; %llu sound ones compared\n",
-                static_cast<unsigned long long>(page.files),
-                static_cast<unsigned long long>(page.answered),
-                static_cast<unsigned long long>(page.pictures),
-                static_cast<unsigned long long>(work.SoundCount()));
-    PrintRanking("slowest, ms for all requests, developments apart", page.slowest, 1);
-    PrintRanking("slowest developments, ms for all of a file", page.developed, 1);
-    PrintRanking("most private memory, KiB beyond the file's size", page.hungriest, 1024);
+        std::printf("seeds %llu to %llu\n", Wide(options.seed),
+                    Wide(options.seed + options.mutants - 1));
+    std::printf("%llu files, %llu with metadata, %llu with a picture; %llu sound ones compared\n",
+                Wide(page.files), Wide(page.answered), Wide(page.pictures),
+                Wide(work.SoundCount()));
+    std::printf("slowest, ms for all requests, developments apart: %.2f  %s\n", page.slowest.value,
+                page.slowest.file);
+    std::printf("slowest development, ms for all of a file: %.2f  %s\n", page.developed.value,
+                page.developed.file);
+    std::printf("most private memory, KiB beyond the file's size: %.2f  %s\n",
+                page.hungriest.value / 1024, page.hungriest.file);
     std::printf(
         "before and after: heap %lld %lld bytes, handles %lld %lld, GDI objects %lld %lld\n",
-        static_cast<long long>(page.heapBefore), static_cast<long long>(page.heapAfter),
-        static_cast<long long>(page.handlesBefore), static_cast<long long>(page.handlesAfter),
-        static_cast<long long>(page.gdiBefore), static_cast<long long>(page.gdiAfter));
+        Signed(page.heapBefore), Signed(page.heapAfter), Signed(page.handlesBefore),
+        Signed(page.handlesAfter), Signed(page.gdiBefore), Signed(page.gdiAfter));
     for (std::uint64_t i = 0; i < std::min<std::uint64_t>(page.findingCount, Page::kMaxFindings);
          ++i)
         std::printf("%s: %s: %s\n", page.findings[i].kind, page.findings[i].file,
                     page.findings[i].detail);
-    std::printf("%llu findings\n", static_cast<unsigned long long>(page.findingCount));
+    std::printf("%llu findings\n", Wide(page.findingCount));
     const bool complete = options.seconds > 0 || page.files == work.HostileCount();
     return page.findingCount == 0 && page.files != 0 && complete ? 0 : 1;
 }

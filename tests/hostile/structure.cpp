@@ -29,6 +29,7 @@ public:
         if (Has(6, "HEAPCCDR"sv)) Ciff();
         if (Has(0, "\xFF\xD8"sv)) Jpeg(0);
         if (Has(0, "II"sv) || Has(0, "MM"sv)) Tiff(0);
+        if (found_.blocks.empty()) Note(0, 0);
         if (found_.blocks.empty()) Mark(0, Size());
         return std::move(found_);
     }

@@ -1,11 +1,10 @@
 // Threads that ask about mixed files at the same time and must all get the answers that one thread
 // alone gets.
-//   hostile_threads [--seconds N] [--threads N] [--no-com] [FILE|FOLDER...]
+//   hostile_threads [--seconds N] [--no-com] [FILE|FOLDER...]
 
 #include <atomic>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <optional>
 #include <thread>
 
@@ -13,6 +12,7 @@
 #include "hostile/corpus.h"
 #include "hostile/mutator.h"
 #include "hostile/objects.h"
+#include "hostile/options.h"
 #include "hostile/random.h"
 
 namespace qmx::hostile {
@@ -102,35 +102,24 @@ std::vector<Photo> BuildPhotos(const std::filesystem::path& folder,
     return photos;
 }
 
-int Main(int argc, char** argv) {
-    double seconds = 3;
-    unsigned threads = 8;
-    bool withObjects = true;
-    std::vector<std::filesystem::path> places;
-    const auto arguments = bench::ReadArguments(argc, argv);
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const bool hasValue = i + 1 < arguments.size();
-        if (arguments[i] == "--seconds" && hasValue)
-            seconds = std::atof(arguments[++i].string().c_str());
-        else if (arguments[i] == "--threads" && hasValue)
-            threads = static_cast<unsigned>(std::atoi(arguments[++i].string().c_str()));
-        else if (arguments[i] == "--no-com")
-            withObjects = false;
-        else
-            places.push_back(arguments[i]);
-    }
+int Main(const Options& options) {
+    constexpr unsigned kThreads = 8;
+    const double seconds = options.seconds > 0 ? options.seconds : 3;
     LoadLibraryUnderTest();
     const TemporaryFolder folder;
-    std::vector<Photo> photos = BuildPhotos(folder.path, places);
-    Crowd crowd(photos, withObjects);
-    const std::uint64_t differences = crowd.Run(threads, seconds);
-    std::printf("%u threads, %zu files, %llu times all requests, %llu answers differ\n", threads,
+    std::vector<Photo> photos = BuildPhotos(folder.path, options.places);
+    Crowd crowd(photos, options.objects);
+    const std::uint64_t differences = crowd.Run(kThreads, seconds);
+    std::printf("%u threads, %zu files, %llu times all requests, %llu answers differ\n", kThreads,
                 photos.size(), static_cast<unsigned long long>(crowd.Asked()),
                 static_cast<unsigned long long>(differences));
-    return differences == 0 && crowd.Asked() > threads ? 0 : 1;
+    return differences == 0 && crowd.Asked() > kThreads ? 0 : 1;
 }
 
 }  // namespace
 }  // namespace qmx::hostile
 
-int main(int argc, char** argv) { return qmx::hostile::Main(argc, argv); }
+int main(int argc, char** argv) {
+    const auto options = qmx::hostile::ReadOptions(argc, argv);
+    return options ? qmx::hostile::Main(*options) : 2;
+}

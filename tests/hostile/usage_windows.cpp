@@ -6,12 +6,11 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <string_view>
-#include <vector>
 
 #include "hostile/usage.h"
 #include "support/api.h"
 #include "support/handle_count.h"
+#include "support/imports.h"
 
 namespace qmx::hostile {
 namespace {
@@ -54,29 +53,9 @@ void* CounterOf(std::string_view name) {
 
 // Puts the counters into the import table of a module, whose C library is the one of this program.
 void CountImports(HMODULE module) {
-    auto* base = reinterpret_cast<std::uint8_t*>(module);
-    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto* nt = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const auto& directory = nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    const auto* row =
-        reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
-    for (; row->Name != 0; ++row) {
-        if (lstrcmpiA(reinterpret_cast<const char*>(base + row->Name), "msvcrt.dll") != 0) continue;
-        const auto* name =
-            reinterpret_cast<const IMAGE_THUNK_DATA*>(base + row->OriginalFirstThunk);
-        auto* slot = reinterpret_cast<IMAGE_THUNK_DATA*>(base + row->FirstThunk);
-        for (; name->u1.AddressOfData != 0; ++name, ++slot) {
-            if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
-            const auto* import =
-                reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
-            void* counter = CounterOf(reinterpret_cast<const char*>(import->Name));
-            DWORD before = 0;
-            if (counter == nullptr || !VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &before))
-                continue;
-            slot->u1.Function = reinterpret_cast<ULONG_PTR>(counter);
-            VirtualProtect(slot, sizeof *slot, before, &before);
-        }
-    }
+    test::ForEachImport(module, [](std::string_view name, ULONG_PTR& target) {
+        if (void* counter = CounterOf(name)) target = reinterpret_cast<ULONG_PTR>(counter);
+    });
 }
 
 // An entry of the table of GDI handles that every process sees.

@@ -1,6 +1,5 @@
 #include "hostile/worker.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -40,17 +39,10 @@ void Page::AddFinding(const char* kind, const std::string& name, const std::stri
     ++findingCount;
 }
 
-bool WouldRank(const Measured (&ranking)[Page::kRanking], double value) {
-    return value > ranking[Page::kRanking - 1].value;
-}
-
-void Rank(Measured (&ranking)[Page::kRanking], double value, const std::string& file) {
-    if (!WouldRank(ranking, value)) return;
-    Measured& last = ranking[Page::kRanking - 1];
-    last.value = value;
-    CopyName(last.file, file);
-    std::stable_sort(std::begin(ranking), std::end(ranking),
-                     [](const Measured& a, const Measured& b) { return a.value > b.value; });
+void Most::Take(double other, const std::string& name) {
+    if (other <= value) return;
+    value = other;
+    CopyName(file, name);
 }
 
 #ifdef _WIN32

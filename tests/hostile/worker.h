@@ -18,15 +18,17 @@ struct Finding {
     char detail[160];
 };
 
-struct Measured {
+// The largest value of all files.
+struct Most {
     double value;
     char file[256];
+
+    void Take(double other, const std::string& name);
 };
 
 // What the worker writes and the parent reads, also after the worker's death.  Plain data.
 struct Page {
     static constexpr std::size_t kMaxFindings = 200;
-    static constexpr std::size_t kRanking = 10;
 
     std::atomic<std::uint64_t> item;   // at work
     std::atomic<std::uint64_t> steps;  // changes whenever the worker gets on
@@ -38,17 +40,13 @@ struct Page {
     std::uint64_t pictures;  // of them with a small preview
     std::uint64_t findingCount;
     Finding findings[kMaxFindings];
-    Measured slowest[kRanking];    // milliseconds for all requests, developments apart
-    Measured developed[kRanking];  // milliseconds for the developments
-    Measured hungriest[kRanking];  // private bytes beyond the file's own size
+    Most slowest;    // milliseconds for all requests, developments apart
+    Most developed;  // milliseconds for the developments
+    Most hungriest;  // private bytes beyond the file's own size
     std::int64_t heapBefore, heapAfter, gdiBefore, gdiAfter, handlesBefore, handlesAfter;
 
     void AddFinding(const char* kind, const std::string& name, const std::string& detail);
 };
-
-// Keeps the largest values.
-void Rank(Measured (&ranking)[Page::kRanking], double value, const std::string& file);
-bool WouldRank(const Measured (&ranking)[Page::kRanking], double value);
 
 // Memory shared through a file, which the parent makes.
 class SharedMemory {
