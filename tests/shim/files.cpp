@@ -6,11 +6,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <mutex>
 #include <unordered_map>
 
@@ -225,18 +227,13 @@ BOOL CloseHandle(HANDLE handle) {
 }
 
 DWORD GetFullPathNameW(LPCWSTR path, DWORD capacity, LPWSTR full, LPWSTR*) {
-    wchar_t directory[PATH_MAX] = {};
-    const bool complete = path[0] == L'/' || StartsWith(path, L"\\\\");
-    if (!complete) {
-        char name[PATH_MAX];
-        if (getcwd(name, sizeof name) == nullptr) return Fail(ERROR_PATH_NOT_FOUND, 0u);
-        MultiByteToWideChar(CP_UTF8, 0, name, -1, directory, PATH_MAX - 1);
-        lstrcatW(directory, L"/");
-    }
-    const auto length = static_cast<DWORD>(lstrlenW(directory) + lstrlenW(path));
+    std::u16string directory;
+    if (path[0] != L'/' && !StartsWith(path, L"\\\\"))
+        directory = std::filesystem::current_path().u16string() + u'/';
+    const int pathLength = lstrlenW(path);
+    const auto length = static_cast<DWORD>(directory.size()) + static_cast<DWORD>(pathLength);
     if (length >= capacity) return length + 1;
-    lstrcpyW(full, directory);
-    lstrcatW(full, path);
+    std::copy_n(path, pathLength + 1, std::copy(directory.begin(), directory.end(), full));
     return length;
 }
 
@@ -258,7 +255,7 @@ void UnregisterMemoryFile(std::uint32_t id) {
 MemoryFile::MemoryFile(const void* bytes, std::size_t size, const wchar_t* suffix)
     : id_(RegisterMemoryFile(bytes, size)) {
     constexpr int kDigits = 10;
-    lstrcpyW(path_, L"mem:");
+    lstrcpynW(path_, L"mem:", 5);
     wchar_t* digit = path_ + 4 + kDigits;
     *digit = 0;
     for (std::uint32_t rest = id_; digit != path_ + 4; rest /= 10)

@@ -31,7 +31,6 @@ extern "C" const IID IID_IStream;
 
 bool operator==(const GUID& a, const GUID& b);
 inline bool operator!=(const GUID& a, const GUID& b) { return !(a == b); }
-inline bool IsEqualIID(REFIID a, REFIID b) { return a == b; }
 
 // No virtual destructors: they would take places in the table.
 struct IUnknown {
@@ -60,31 +59,7 @@ struct IStream : ISequentialStream {
 
 #else
 
-typedef struct IStream IStream;
-
-typedef struct IStreamVtbl {
-    HRESULT (*QueryInterface)(IStream* self, const IID* id, void** object);
-    ULONG (*AddRef)(IStream* self);
-    ULONG (*Release)(IStream* self);
-    HRESULT (*Read)(IStream* self, void* bytes, ULONG length, ULONG* read);
-    HRESULT (*Write)(IStream* self, const void* bytes, ULONG length, ULONG* written);
-    HRESULT (*Seek)(IStream* self, LARGE_INTEGER move, DWORD origin, ULARGE_INTEGER* position);
-    HRESULT (*SetSize)(IStream* self, ULARGE_INTEGER size);
-    HRESULT(*CopyTo)
-    (IStream* self, IStream* target, ULARGE_INTEGER length, ULARGE_INTEGER* read,
-     ULARGE_INTEGER* written);
-    HRESULT (*Commit)(IStream* self, DWORD flags);
-    HRESULT (*Revert)(IStream* self);
-    HRESULT (*LockRegion)(IStream* self, ULARGE_INTEGER offset, ULARGE_INTEGER length, DWORD type);
-    HRESULT(*UnlockRegion)
-    (IStream* self, ULARGE_INTEGER offset, ULARGE_INTEGER length, DWORD type);
-    HRESULT (*Stat)(IStream* self, STATSTG* state, DWORD flags);
-    HRESULT (*Clone)(IStream* self, IStream** stream);
-} IStreamVtbl;
-
-struct IStream {
-    IStreamVtbl* lpVtbl;
-};
+typedef struct IStream IStream; /* the C callers here pass none */
 
 #endif
 

@@ -13,8 +13,6 @@ extern "C" {
 #define WINAPI
 #define CALLBACK
 #define STDMETHODCALLTYPE
-#define CONST const
-#define VOID void
 
 typedef int BOOL;
 typedef uint8_t BYTE, UINT8;
@@ -70,7 +68,6 @@ typedef struct _GUID {
 #define E_OUTOFMEMORY ((HRESULT)0x8007000E)
 #define E_INVALIDARG ((HRESULT)0x80070057)
 #define STG_E_INVALIDFUNCTION ((HRESULT)0x80030001)
-#define STG_E_ACCESSDENIED ((HRESULT)0x80030005)
 #define STG_E_MEDIUMFULL ((HRESULT)0x80030070)
 #define SUCCEEDED(hr) ((HRESULT)(hr) >= 0)
 #define FAILED(hr) ((HRESULT)(hr) < 0)
@@ -82,10 +79,8 @@ typedef struct _GUID {
 #define ERROR_INVALID_HANDLE 6u
 #define ERROR_NOT_ENOUGH_MEMORY 8u
 #define ERROR_INVALID_PARAMETER 87u
-#define ERROR_INSUFFICIENT_BUFFER 122u
 #define ERROR_FILENAME_EXCED_RANGE 206u
 #define ERROR_FILE_INVALID 1006u
-#define ERROR_NO_UNICODE_TRANSLATION 1113u
 
 DWORD WINAPI GetLastError(void);
 void WINAPI SetLastError(DWORD error);
@@ -96,7 +91,6 @@ void WINAPI SetLastError(DWORD error);
 #define FILE_SHARE_READ 0x00000001u
 #define OPEN_EXISTING 3u
 #define FILE_ATTRIBUTE_NORMAL 0x00000080u
-#define FILE_FLAG_RANDOM_ACCESS 0x10000000u
 #define FILE_FLAG_SEQUENTIAL_SCAN 0x08000000u
 #define PAGE_READONLY 0x02u
 #define FILE_MAP_READ 0x0004u
@@ -114,20 +108,12 @@ DWORD WINAPI GetFullPathNameW(LPCWSTR path, DWORD capacity, LPWSTR full, LPWSTR*
 
 /* Strings.  Comparison is by code unit, without the system's linguistic order. */
 #define CP_ACP 0u /* Windows-1252 */
-#define CP_UTF8 65001u
-#define MB_ERR_INVALID_CHARS 0x08u
 
-int WINAPI lstrlenA(LPCSTR text);
 int WINAPI lstrlenW(LPCWSTR text);
-LPWSTR WINAPI lstrcpyW(LPWSTR dst, LPCWSTR src);
 LPWSTR WINAPI lstrcpynW(LPWSTR dst, LPCWSTR src, int capacity);
-LPWSTR WINAPI lstrcatW(LPWSTR dst, LPCWSTR src);
-int WINAPI lstrcmpW(LPCWSTR a, LPCWSTR b);
 int WINAPI lstrcmpiW(LPCWSTR a, LPCWSTR b);
 int WINAPI MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR src, int length, LPWSTR dst,
                                int capacity);
-int WINAPI WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR src, int length, LPSTR dst,
-                               int capacity, LPCSTR fallback, LPBOOL usedFallback);
 
 /* Times.  The user's zone is the host's, whatever `zone` says. */
 typedef struct _TIME_ZONE_INFORMATION TIME_ZONE_INFORMATION;
@@ -138,7 +124,6 @@ BOOL WINAPI SystemTimeToTzSpecificLocalTime(const TIME_ZONE_INFORMATION* zone,
 
 /* The formats of the user's locale, which is English (United States). */
 #define LOCALE_USER_DEFAULT 0x0400u
-#define DATE_SHORTDATE 0x1u
 #define DATE_LONGDATE 0x2u
 
 int WINAPI GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* date, LPCWSTR format,
