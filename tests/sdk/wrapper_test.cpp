@@ -59,10 +59,9 @@ TEST(Wrapper, ReadsAPhotoWithItsPreview) {
     ASSERT_TRUE(list);
     Listing rows;
     for (const Item& item : *list) {
-        rows.push_back((item.kind == Item::Kind::kHeading ? "# " : "") + ToUtf8(item.label) +
-                       (item.value                          ? " = " + ToUtf8(*item.value)
-                        : item.kind == Item::Kind::kHeading ? ""
-                                                            : " (group)"));
+        const bool isHeading = item.kind == Item::Kind::kHeading;
+        const std::string value = item.value ? " = " + ToUtf8(*item.value) : " (group)";
+        rows.push_back(isHeading ? "# " + ToUtf8(item.label) : ToUtf8(item.label) + value);
     }
     EXPECT_EQ(rows, ListOf(file.path()));
     const Item* make = list->Find(TEXT_OF("Exif情報"), TEXT_OF("メーカー名"));
@@ -77,7 +76,7 @@ TEST(Wrapper, LeavesOutWhatTheFileDoesNotGive) {
         TiffBuilder tiff;
         IfdBuilder& exif = tiff.SubIfd();
         if (date) exif.Ascii(0x9003, date);
-        tiff.Ifd().Ascii(0x010F, "ACME").Ascii(0x0110, "One").Link(0x8769, {&exif});
+        tiff.Ifd().Camera().Link(0x8769, {&exif});
         const TestFile file(tiff.Build(), ".tif");
         return ReadPhoto(file.path());
     };
@@ -90,17 +89,10 @@ TEST(Wrapper, LeavesOutWhatTheFileDoesNotGive) {
     EXPECT_FALSE(bare->info.fNumber || bare->info.exposureTime || bare->info.maxAperture);
     EXPECT_FALSE(bare->info.captureTime);
     EXPECT_EQ(bare->info.orientation, 1u);
-    const struct {
-        const char* date;
-        bool valid;
-    } dates[] = {{"2008:02:29 12:34:56", true},  {"2007:02:29 12:34:56", false},
-                 {"0000:00:00 00:00:00", false}, {"2008:13:01 00:00:00", false},
-                 {"2008:12:31 24:00:00", false}, {"1900:02:29 00:00:00", false}};
-    for (const auto& row : dates) {
-        const auto photo = infoOf(row.date);
-        ASSERT_TRUE(photo) << row.date;
-        EXPECT_EQ(photo->info.captureTime.has_value(), row.valid) << row.date;
-    }
+    EXPECT_TRUE(infoOf("2008:02:29 12:34:56")->info.captureTime);
+    for (const char* date : {"2007:02:29 12:34:56", "0000:00:00 00:00:00", "2008:13:01 00:00:00",
+                             "2008:12:31 24:00:00", "1900:02:29 00:00:00"})
+        EXPECT_FALSE(infoOf(date)->info.captureTime) << date;
 }
 
 TEST(Wrapper, AnswersNothingForWhatCannotBeRead) {
@@ -108,13 +100,8 @@ TEST(Wrapper, AnswersNothingForWhatCannotBeRead) {
     const Text missing = TEXT_OF("no such file");
     const WCHAR* none = nullptr;
     for (const Path& path : {Path(text.path()), Path(missing), Path(none)}) {
-        EXPECT_FALSE(ReadPhoto(path));
-        EXPECT_FALSE(ReadInfo(path));
-        EXPECT_FALSE(ReadPreview(path));
-        EXPECT_FALSE(ReadTexts(path));
-        EXPECT_FALSE(ReadList(path));
-        EXPECT_FALSE(ReadDateTime(path));
-        EXPECT_FALSE(IsCameraFile(path));
+        EXPECT_FALSE(ReadPhoto(path) || ReadInfo(path) || ReadPreview(path) || ReadTexts(path));
+        EXPECT_FALSE(ReadList(path) || ReadDateTime(path) || IsCameraFile(path));
     }
 }
 
