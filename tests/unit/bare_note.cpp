@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "makernote/dispatch.h"
+#include "parse/containers/container.h"
 #include "support/memory_stream.h"
 #include "support/parse.h"
 
@@ -22,14 +23,21 @@ IfdBuilder& AddEntries(TiffBuilder& tiff, std::size_t lead) {
 }  // namespace
 
 BareNote::BareNote(MakerId maker, std::string_view header, std::int32_t modelId, Order order,
-                   std::size_t lead)
+                   std::size_t lead, std::optional<Order> fileOrder)
     : maker_(maker),
       header_(header),
       modelId_(modelId),
       order_(order),
+      fileOrder_(fileOrder.value_or(order)),
       dropped_(kTiffHeader + lead * kEmptyDirectory),
       tiff_(order),
       entries_(AddEntries(tiff_, lead)) {}
+
+IfdBuilder& BareNote::Directory(std::uint16_t tag) {
+    IfdBuilder& directory = tiff_.SubIfd();
+    entries_.Link(tag, {&directory});
+    return directory;
+}
 
 Bytes BareNote::Build() {
     const Bytes tiff = tiff_.Build();
@@ -38,12 +46,13 @@ Bytes BareNote::Build() {
 }
 
 ImageInfo BareNote::Decode(const Bytes& bytes) const {
-    const std::uint16_t order = order_ == Order::kLittle ? kLittleEndian : kBigEndian;
+    const std::uint16_t order = fileOrder_ == Order::kLittle ? kLittleEndian : kBigEndian;
     const auto base = static_cast<std::uint32_t>(kPosition + header_.size() - dropped_);
     BytesContext context(bytes, order);
     ParseContext& ctx = context.ctx;
     MemoryStream stream;  // without one previews are passed over
     ctx.outStream = &stream;
+    ctx.info = before;
     ctx.info.makerId = maker_;
     ctx.info.modelId = modelId_;
     ctx.tiffBase = base;
@@ -78,6 +87,28 @@ void BareNote::ExpectHarmless(std::size_t recordSize) {
         entries_.EntryCount(count);
         ExpectOnlyRecord(Build(), recordSize);
     }
+}
+
+Bytes Deliver(const Bytes& file, bool wantPrimary) {
+    BytesContext context(file);
+    MemoryStream stream;
+    context.ctx.outStream = &stream;
+    context.ctx.wantPrimary = wantPrimary ? 1 : 0;
+    ParseContainer(context.ctx, wantPrimary);
+    EXPECT_EQ(context.ctx.thumbDone != 0, !stream.bytes.empty());
+    return stream.bytes;
+}
+
+void ExpectPreview(const Bytes& jpeg,
+                   const std::function<Bytes(std::uint32_t, std::uint32_t)>& photo) {
+    const auto length = static_cast<std::uint32_t>(jpeg.size());
+    const auto position = static_cast<std::uint32_t>(photo(0, length).size()) - length;
+    EXPECT_EQ(Deliver(photo(position, length)), jpeg);
+    EXPECT_EQ(Deliver(ExifJpeg(photo(position, length))), jpeg);
+    for (const std::uint32_t stated : {0u, length + 100, 0xFFFFFFFFu})
+        EXPECT_EQ(Deliver(photo(position, stated)), Bytes()) << stated;
+    for (const std::uint32_t nowhere : {0u, position - 3, position + 1, 0x7FFFFFFFu, 0xFFFFFFFFu})
+        EXPECT_EQ(Deliver(photo(nowhere, length)), Bytes()) << nowhere;
 }
 
 }  // namespace qmx::test

@@ -1,10 +1,12 @@
 #pragma once
 // A MakerNote alone in memory, for any model number and any bytes: a lead, the maker's header, a
-// directory.
+// directory.  And what photos with one deliver.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
+#include <optional>
 #include <string_view>
 
 #include "makernote/maker_record.h"
@@ -17,11 +19,16 @@ class BareNote {
 public:
     // Offsets count from 8 bytes before the directory, or 6 more for each of `lead`.
     BareNote(MakerId maker, std::string_view header, std::int32_t modelId = 0,
-             Order order = Order::kLittle, std::size_t lead = 0);
+             Order order = Order::kLittle, std::size_t lead = 0,
+             std::optional<Order> fileOrder = {});  // the note's own
 
     static constexpr std::size_t kPosition = 16;  // of the note in the bytes
 
     IfdBuilder& Entries() { return entries_; }
+    IfdBuilder& Directory(std::uint16_t tag);  // one more, to which the tag leads
+
+    ImageInfo before;  // what the file's directories said
+
     Bytes Build();
 
     // What the maker's decoder makes of it; fails when byte order and base are not as before.
@@ -39,6 +46,7 @@ private:
     std::string_view header_;
     std::int32_t modelId_;
     Order order_;
+    Order fileOrder_;
     std::size_t dropped_;  // bytes of the builder's file that the header replaces
     TiffBuilder tiff_;
     IfdBuilder& entries_;
@@ -52,5 +60,13 @@ testing::AssertionResult HoldsRecord(const ImageInfo& info, const Fields& expect
     if (differs == bytes + sizeof expected) return testing::AssertionSuccess();
     return testing::AssertionFailure() << "records differ at byte " << differs - bytes;
 }
+
+// The smallest picture that the file delivers, or the largest; nothing when it has none.
+Bytes Deliver(const Bytes& file, bool wantPrimary = false);
+
+// Photos that end with a picture's bytes and tell where and how long it is: delivered as `jpeg`
+// from there, but from nowhere else and never longer than the file.
+void ExpectPreview(const Bytes& jpeg,
+                   const std::function<Bytes(std::uint32_t offset, std::uint32_t length)>& photo);
 
 }  // namespace qmx::test
