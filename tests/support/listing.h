@@ -57,15 +57,17 @@ inline Lines ListMakerNote(const ImageInfo& info) {
     return section.lines;
 }
 
-// Whether these are the section's lines; tells the first that is not.
+// Whether these are the section's lines; tells which are not.
 inline testing::AssertionResult Lists(const ImageInfo& info, const Lines& expected) {
     const Lines lines = ListMakerNote(info);
+    if (lines == expected) return testing::AssertionSuccess();
+    auto failure = testing::AssertionFailure();
     for (std::size_t i = 0; i < std::max(lines.size(), expected.size()); ++i) {
-        const std::string line = i < lines.size() ? lines[i] : "no line";
-        const std::string wanted = i < expected.size() ? expected[i] : "no line";
-        if (line != wanted) return testing::AssertionFailure() << line << " instead of " << wanted;
+        const std::string line = i < lines.size() ? lines[i] : "nothing";
+        const std::string wanted = i < expected.size() ? expected[i] : "nothing";
+        if (line != wanted) failure << line << " instead of " << wanted << '\n';
     }
-    return testing::AssertionSuccess();
+    return failure;
 }
 
 template <class Fields>

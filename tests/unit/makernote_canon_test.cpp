@@ -10,7 +10,6 @@
 #include "support/listing.h"
 #include "support/parse.h"
 #include "text/canon_lenses.h"
-#include "text/canon_names.h"
 #include "unit/bare_note.h"
 
 namespace qmx::test {
@@ -134,19 +133,11 @@ TEST(CanonNote, EveryTagHasItsFieldAndEveryFieldItsLine) {
 TEST(CanonNote, EntryCountAndTagsDecide) {
     struct Case { const char* what; void (*fill)(IfdBuilder&); std::int32_t colorSpace; };
     const Case cases[] = {
-        {"one entry", [](IfdBuilder& n) { n.Short(0xB4, {2}); }, 2},
-        {"count 0", [](IfdBuilder& n) { n.Short(0xB4, {2}).EntryCount(0); }, INT_UNSET},
-        {"count 2 of 1", [](IfdBuilder& n) { n.Short(0xB4, {2}).EntryCount(2); }, 2},
         {"count 255", [](IfdBuilder& n) { n.Short(0xB4, {2}).EntryCount(255); }, 2},
         {"count 256", [](IfdBuilder& n) { n.Short(0xB4, {2}).EntryCount(256); }, INT_UNSET},
         {"count 65535", [](IfdBuilder& n) { n.Short(0xB4, {2}).EntryCount(65535); }, INT_UNSET},
         {"tag 0", [](IfdBuilder& n) { n.Short(0, {1}).Short(0xB4, {2}); }, 2},
         {"tag 0xB5", [](IfdBuilder& n) { n.Short(0xB5, {1}); }, INT_UNSET},
-        {"negative count", [](IfdBuilder& n) { n.Raw(0xB4, 3, 0x80000001, 2); }, INT_UNSET},
-        {"past the end", [](IfdBuilder& n) { n.Raw(0xB4, 3, 3, 0x7FFFFFF0); }, INT_UNSET},
-        {"before the file", [](IfdBuilder& n) { n.Raw(0xB4, 3, 3, 0xFFFFFFE0); }, 0xEEEE},
-        {"count x size wraps", [](IfdBuilder& n) { n.Raw(0xB4, 4, 0x40000001, 7); }, 7},
-        {"no number", [](IfdBuilder& n) { n.Ascii(0xB4, "2"); }, 0},
         {"huge array", [](IfdBuilder& n) { n.Raw(1, 3, 0x7FFFFFFF, 8).Short(0xB4, {2}); }, 2},
     };
     for (const Case& c : cases) {
@@ -204,29 +195,6 @@ ImageInfo Decoded(Decode decode, const Elements& elements, std::int32_t modelId 
 
 // clang-format off
 
-TEST(CanonArrays, ElementsBehindTheCountStayUnset) {
-    struct Case { Decode decode; std::size_t count; std::int32_t Fields::*field, value; };
-    const Case cases[] = {
-        {DecodeCanonFocalLength, 0, &Fields::focalType, INT_UNSET},
-        {DecodeCanonFocalLength, 1, &Fields::focalLength, INT_UNSET},
-        {DecodeCanonFocalLength, 3, &Fields::focalPlaneSize, 12},
-        {DecodeCanonFocalLength, 4, &Fields::focalPlaneSize, 13},
-        {DecodeCanonFocalLength, 9, &Fields::focalPlaneSize, 13},
-        {DecodeCanonPanorama, 5, &Fields::panoramaDirection, INT_UNSET},
-        {DecodeCanonPanorama, 6, &Fields::panoramaDirection, 0xFFFE},
-        {DecodeCanonFileInfo, 2, &Fields::fileIndex, INT_UNSET},
-        {DecodeCanonTag1F, 13, &Fields::tag1FWord13, INT_UNSET},
-        // The count goes on where the file has ended.
-        {DecodeCanonTag1F, 14, &Fields::tag1FWord13, 0xFFFF},
-        {kSettings, 0xFFFFFFFF, &Fields::focusMode, -1},
-        {kSettings, 0xFFFFFFFF, &Fields::photoEffect, INT_UNSET},
-    };
-    for (const Case& c : cases) {
-        const ImageInfo info = Decoded(c.decode, {10, 11, 12, 13, 14, 0xFFFE}, c.count);
-        EXPECT_EQ(FieldsOf(info).*c.field, c.value) << "row " << &c - cases;
-    }
-}
-
 TEST(CanonArrays, WordsWithoutAValueDeriveNothing) {
     for (const Decode decode : {kSettings, kShot}) {
         const ImageInfo info = Decoded(decode, std::vector<std::uint32_t>(50, 0x7FFF), 50, 4102);
@@ -241,39 +209,75 @@ TEST(CanonArrays, WordsWithoutAValueDeriveNothing) {
     EXPECT_EQ(FieldsOf(note.Decode()).whiteBalance, 3);
 }
 
-TEST(CanonArrays, RulesOfSignedElements) {
+TEST(CanonArrays, Elements) {
     struct Case {
-        Decode decode; std::size_t index; std::int32_t word, Fields::*field, value;
-        std::int32_t modelId = 4097;
+        Decode decode; Elements elements; std::int32_t Fields::*field, value;
+        std::int32_t modelId = 4097; Order order = Order::kLittle;
     };
+    constexpr Decode kPoints = DecodeCanonAfInfo, kFile = DecodeCanonFileInfo;
     const Case cases[] = {
-        {kSettings, 32, -1, &Fields::focusContinuous, INT_UNSET},
-        {kSettings, 33, -1, &Fields::aeSetting, INT_UNSET},
-        {kSettings, 34, -1, &Fields::imageStabilization, INT_UNSET},
-        {kSettings, 40, -1, &Fields::photoEffect, INT_UNSET},
-        {kSettings, 40, 0, &Fields::photoEffect, 0},
-        {kSettings, 28, -1, &Fields::flashActivity, -1},
-        {kSettings, 22, 0, &Fields::lensType, INT_UNSET},
-        {kSettings, 22, -1, &Fields::lensType, INT_UNSET},
-        {kSettings, 22, 1, &Fields::lensType, 1},
-        {kSettings, 22, 51, &Fields::lensType, INT_UNSET, 4096},
-        {kSettings, 23, 34800, &Fields::maxFocalLength, 34800 - 65536},
-        {kShot, 2, 0, &Fields::baseIso, 3},
-        {kShot, 2, 192, &Fields::baseIso, 200},
-        {kShot, 2, 172, &Fields::baseIso, 129},
-        {kShot, 2, 12, &Fields::baseIso, 3},
-        {kShot, 2, 0x7FFE, &Fields::baseIso, INT32_MIN},
-        {kShot, 13, 0, &Fields::flashGuideNumber, INT_UNSET},
-        {kShot, 13, -5, &Fields::flashGuideNumber, INT_UNSET},
-        {kShot, 14, 0, &Fields::afPointsInFocus, INT_UNSET},
-        {kShot, 14, 0x3001, &Fields::afPointsInFocus, 0x3001},
-        {kShot, 28, -1, &Fields::ndFilter, INT_UNSET},
-        {kProcessing, 8, -1, &Fields::whiteBalance, INT_UNSET},
-        {kProcessing, 8, 9, &Fields::whiteBalance, 9},
+        {kSettings, {{32, -1}}, &Fields::focusContinuous, INT_UNSET},
+        {kSettings, {{33, -1}}, &Fields::aeSetting, INT_UNSET},
+        {kSettings, {{34, -1}}, &Fields::imageStabilization, INT_UNSET},
+        {kSettings, {{40, -1}}, &Fields::photoEffect, INT_UNSET},
+        {kSettings, {{40, 0}}, &Fields::photoEffect, 0},
+        {kSettings, {{28, -1}}, &Fields::flashActivity, -1},
+        {kSettings, {{22, 0}}, &Fields::lensType, INT_UNSET},
+        {kSettings, {{22, -1}}, &Fields::lensType, INT_UNSET},
+        {kSettings, {{22, 1}}, &Fields::lensType, 1},
+        {kSettings, {{22, 51}}, &Fields::lensType, INT_UNSET, 4096},
+        {kSettings, {{23, 34800}}, &Fields::maxFocalLength, 34800 - 65536},
+        {kShot, {{2, 0}}, &Fields::baseIso, 3},
+        {kShot, {{2, 192}}, &Fields::baseIso, 200},
+        {kShot, {{2, 172}}, &Fields::baseIso, 129},
+        {kShot, {{2, 12}}, &Fields::baseIso, 3},
+        {kShot, {{2, 0x7FFE}}, &Fields::baseIso, INT32_MIN},
+        {kShot, {{13, 0}}, &Fields::flashGuideNumber, INT_UNSET},
+        {kShot, {{13, -5}}, &Fields::flashGuideNumber, INT_UNSET},
+        {kShot, {{14, 0}}, &Fields::afPointsInFocus, INT_UNSET},
+        {kShot, {{14, 0x3001}}, &Fields::afPointsInFocus, 0x3001},
+        {kShot, {{28, -1}}, &Fields::ndFilter, INT_UNSET},
+        {kProcessing, {{8, -1}}, &Fields::whiteBalance, INT_UNSET},
+        {kProcessing, {{8, 9}}, &Fields::whiteBalance, 9},
+        // The points in focus: the high byte of word 22, or word 26, by model.
+        {kPoints, {{2, 0x8001}, {26, 0}}, &Fields::afValidPoints, 0x8001},
+        {kPoints, {{22, 0x0312}, {26, 0x0010}}, &Fields::afPointsInFocus, 0x0300, 512},
+        {kPoints, {{22, 0xFF05}, {26, 0x0010}}, &Fields::afPointsInFocus, INT_UNSET, 512},
+        {kPoints, {{22, 0xFEFF}, {26, 0x0010}}, &Fields::afPointsInFocus, 0xFE00, 512},
+        {kPoints, {{22, 0x0012}, {26, 0x0010}}, &Fields::afPointsInFocus, 0, 512},
+        {kPoints, {{22, 0xFF00}, {26, 0x01FF}}, &Fields::afPointsInFocus, INT_UNSET, 4101},
+        {kPoints, {{22, 0xFF00}, {26, 0x01FF}}, &Fields::afPointsInFocus, 0x01FF, 4102},
+        {kPoints, {{22, 0xFF00}, {26, 0x01FF}}, &Fields::afPointsInFocus, INT_UNSET, 4103},
+        {kPoints, {{22, 0xFF00}, {26, 0x01FF}}, &Fields::afPointsInFocus, INT_UNSET, 4107},
+        {kPoints, {{22, 0x0300}, {26, 0x8000}}, &Fields::afPointsInFocus, 0x8000, 4108},
+        {kPoints, {{22, 0x0300}, {26, 0x01FF}}, &Fields::afPointsInFocus, 0x01FF, 4111},
+        {kPoints, {{22, 0x0300}, {26, 0x01FF}}, &Fields::afPointsInFocus, 0x0300, 4112},
+        {kPoints, {{22, 0x0300}, {26, 0x01FF}}, &Fields::afPointsInFocus, 0x0300, 4119},
+        {kPoints, {{22, 0x0300}, {26, 0x01FF}}, &Fields::afPointsInFocus, 0x01FF, 4120},
+        {kPoints, {{22, 0x0300}, {26, 0x01FF}}, &Fields::afPointsInFocus, 0x01FF, 4122},
+        {kPoints, {{22, 0x0300}, {26, 0x01FF}}, &Fields::afPointsInFocus, 0x0300, 4123},
+        {kFile, {{1, 1}, {2, 1}}, &Fields::fileIndex, INT_UNSET, 4096},
+        // 20D: folder in bits 6 to 15, file in bits 16 to 23 and, above them, 0 to 5.
+        {kFile, {{1, 0x1941}, {2, 0x0018}}, &Fields::fileIndex, 1010280, 4097},
+        {kFile, {{1, 0x0018}, {2, 0x1941}}, &Fields::fileIndex, 1010280, 4103, Order::kBig},
+        {kFile, {{1, 0}, {2, 0x0018}}, &Fields::fileIndex, INT_UNSET, 4102},
+        {kFile, {{1, 0x1941}, {2, 0}}, &Fields::fileIndex, INT_UNSET, 4102},
+        // 1D: a count, high word first in both orders.
+        {kFile, {{1, 1}, {2, 2}}, &Fields::fileIndex, 65538, 4104},
+        {kFile, {{1, 1}, {2, 2}}, &Fields::fileIndex, 65538, 4104, Order::kBig},
+        {kFile, {{1, 0}, {2, 0}}, &Fields::fileIndex, 0, 4110},
+        {kFile, {{1, 0xFFFF}, {2, 0xFFFF}}, &Fields::fileIndex, -1, 4126},
+        // 30D: the folder counts from 64 or 128 up, four more bits of the file stand higher.
+        {kFile, {{1, 0x0401}, {2, 0}}, &Fields::fileIndex, 1290016, 4108},
+        {kFile, {{1, 0}, {2, 0x0401}}, &Fields::fileIndex, 1290016, 4108, Order::kBig},
+        {kFile, {{1, 0x9001}, {2, 0x0050}}, &Fields::fileIndex, 1000021, 4109},
+        {kFile, {{1, 0x0000}, {2, 0x0000}}, &Fields::fileIndex, 1280000, 4111},
+        {kFile, {{1, 0xFFFF}, {2, 0xFFFF}}, &Fields::fileIndex, 1087 * 10000 + 16383, 4120},
+        {kFile, {{1, 0x9001}, {2, 0x0050}}, &Fields::fileIndex, 1000021, 4121},
     };
     for (const Case& c : cases) {
-        const ImageInfo info = Decoded(c.decode, {{c.index, c.word}}, c.modelId);
-        EXPECT_EQ(FieldsOf(info).*c.field, c.value) << c.index << ' ' << c.word;
+        const ImageInfo info = Decoded(c.decode, c.elements, c.modelId, c.order);
+        EXPECT_EQ(FieldsOf(info).*c.field, c.value) << "row " << &c - cases;
     }
     const Fields closed = FieldsOf(Decoded(kSettings, {{26, -64}, {27, 0}}));
     EXPECT_EQ(closed.maxAperture, FLOAT_UNSET);
@@ -281,6 +285,55 @@ TEST(CanonArrays, RulesOfSignedElements) {
     const Fields slow = FieldsOf(Decoded(kShot, {{4, -64}, {5, -160}}));
     EXPECT_EQ(slow.targetAperture, 0.5f);
     EXPECT_EQ(slow.targetExposureTime, 32.0f);
+}
+
+// Bytes or words of which each is its own index, so that a value tells where it was read.
+TEST(CanonArrays, ElementsBehindTheCountStayUnset) {
+    std::vector<std::uint32_t> bytes(100), words(200);
+    for (std::uint32_t i = 0; i < 100; ++i) bytes[i] = 2 * i | (2 * i + 1) << 8;
+    for (std::uint32_t i = 0; i < 200; ++i) words[i] = i;
+    struct Case {
+        Decode decode; std::size_t count; std::int32_t Fields::*field, value;
+        std::int32_t modelId = 4097;
+    };
+    constexpr Decode kFocal = DecodeCanonFocalLength, kPanorama = DecodeCanonPanorama;
+    constexpr Decode kCamera = DecodeCanonCameraInfo, kTag1F = DecodeCanonTag1F;
+    const Case cases[] = {
+        {kFocal, 0, &Fields::focalType, INT_UNSET},
+        {kFocal, 1, &Fields::focalLength, INT_UNSET},
+        {kFocal, 3, &Fields::focalPlaneSize, 2},
+        {kFocal, 4, &Fields::focalPlaneSize, 3},
+        {kFocal, 9, &Fields::focalPlaneSize, 3},
+        {kPanorama, 5, &Fields::panoramaDirection, INT_UNSET},
+        {kPanorama, 6, &Fields::panoramaDirection, 5},
+        {DecodeCanonFileInfo, 2, &Fields::fileIndex, INT_UNSET},
+        {kTag1F, 13, &Fields::tag1FWord13, INT_UNSET},
+        {kTag1F, 14, &Fields::tag1FWord13, 13},
+        {kSettings, 0xFFFFFFFF, &Fields::focusMode, 7},
+        {kCamera, 200, &Fields::cameraInfoByte7, 7, 4110},
+        {kCamera, 200, &Fields::cameraInfoA, 187, 4110},
+        {kCamera, 200, &Fields::cameraInfoB, 190, 4110},
+        {kCamera, 190, &Fields::cameraInfoA, 187, 4110},
+        {kCamera, 190, &Fields::cameraInfoB, INT_UNSET, 4110},
+        {kCamera, 200, &Fields::cameraInfoA, 189, 4122},
+        {kCamera, 200, &Fields::cameraInfoB, 191, 4122},
+        {kCamera, 0x7FFFFFFF, &Fields::cameraInfoB, 191, 4126},
+        {kCamera, 8, &Fields::cameraInfoByte7, 7, 4122},
+        {kCamera, 8, &Fields::cameraInfoA, INT_UNSET, 4122},
+        {kCamera, 7, &Fields::cameraInfoByte7, INT_UNSET, 4122},
+        {kCamera, 200, &Fields::cameraInfoByte7, INT_UNSET, 4121},
+        {kCamera, 200, &Fields::cameraInfoA, INT_UNSET, 512},
+    };
+    for (const Case& c : cases) {
+        const bool hasBytes = c.decode == kCamera;
+        const ImageInfo info = Decoded(c.decode, hasBytes ? bytes : words, c.count, c.modelId);
+        EXPECT_EQ(FieldsOf(info).*c.field, c.value) << "row " << &c - cases;
+    }
+    // The count goes on where the file has ended.
+    EXPECT_EQ(FieldsOf(Decoded(kTag1F, Words(2, {}), 14)).tag1FWord13, 0xFFFF);
+    const Fields cut = FieldsOf(Decoded(kSettings, Words(2, {}), 0xFFFFFFFF));
+    EXPECT_EQ(cut.focusMode, -1);
+    EXPECT_EQ(cut.photoEffect, INT_UNSET);
 }
 
 TEST(CanonArrays, CodesBecomeNumbers) {
@@ -298,78 +351,6 @@ TEST(CanonArrays, CodesBecomeNumbers) {
         {48, 1.5f},   {52, 1.67f},   {64, 2.0f},   {11, 0.34375f},    {96, 3.0f}, {-12, -0.33f},
         {-16, -0.5f}, {-52, -1.67f}, {-96, -3.0f}, {-32768, -1024.0f}};
     for (const auto& [word, ev] : values) EXPECT_EQ(CanonEv(word), ev) << word;
-}
-
-TEST(CanonArrays, PointsInFocusDependOnTheModel) {
-    struct Case { std::int32_t modelId, word22, word26, points; };
-    const Case cases[] = {
-        {512, 0x0312, 0x0010, 0x0300},     {512, 0xFF05, 0x0010, INT_UNSET},
-        {512, 0xFEFF, 0x0010, 0xFE00},     {512, 0x0012, 0x0010, 0},
-        {4101, 0xFF00, 0x01FF, INT_UNSET}, {4102, 0xFF00, 0x01FF, 0x01FF},
-        {4103, 0xFF00, 0x01FF, INT_UNSET}, {4107, 0xFF00, 0x01FF, INT_UNSET},
-        {4108, 0x0300, 0x8000, 0x8000},    {4111, 0x0300, 0x01FF, 0x01FF},
-        {4112, 0x0300, 0x01FF, 0x0300},    {4119, 0x0300, 0x01FF, 0x0300},
-        {4120, 0x0300, 0x01FF, 0x01FF},    {4122, 0x0300, 0x01FF, 0x01FF},
-        {4123, 0x0300, 0x01FF, 0x0300},
-    };
-    for (const Case& c : cases) {
-        const Elements elements = {{2, 0x8001}, {22, c.word22}, {26, c.word26}};
-        const Fields fields = FieldsOf(Decoded(DecodeCanonAfInfo, elements, c.modelId));
-        EXPECT_EQ(fields.afPointsInFocus, c.points) << c.modelId;
-        EXPECT_EQ(fields.afValidPoints, 0x8001);
-    }
-}
-
-TEST(CanonArrays, FileIndexDependsOnModelAndByteOrder) {
-    struct Case { std::int32_t modelId; Order order; std::int32_t word1, word2, fileIndex; };
-    const Case cases[] = {
-        {4096, Order::kLittle, 1, 1, INT_UNSET},
-        // 20D: folder in bits 6 to 15, file in bits 16 to 23 and, above them, 0 to 5.
-        {4097, Order::kLittle, 0x1941, 0x0018, 1010280},
-        {4103, Order::kBig, 0x0018, 0x1941, 1010280},
-        {4102, Order::kLittle, 0, 0x0018, INT_UNSET},
-        {4102, Order::kLittle, 0x1941, 0, INT_UNSET},
-        // 1D: a count, high word first in both orders.
-        {4104, Order::kLittle, 1, 2, 65538},
-        {4104, Order::kBig, 1, 2, 65538},
-        {4110, Order::kLittle, 0, 0, 0},
-        {4126, Order::kLittle, 0xFFFF, 0xFFFF, -1},
-        // 30D: the folder counts from 64 or 128 up, four more bits of the file stand higher.
-        {4108, Order::kLittle, 0x0401, 0, 1290016},
-        {4108, Order::kBig, 0, 0x0401, 1290016},
-        {4109, Order::kLittle, 0x9001, 0x0050, 1000021},
-        {4111, Order::kLittle, 0x0000, 0x0000, 1280000},
-        {4120, Order::kLittle, 0xFFFF, 0xFFFF, 1087 * 10000 + 16383},
-        {4121, Order::kLittle, 0x9001, 0x0050, 1000021},
-    };
-    for (const Case& c : cases) {
-        const Elements words = {{1, c.word1}, {2, c.word2}};
-        const ImageInfo info = Decoded(DecodeCanonFileInfo, words, c.modelId, c.order);
-        EXPECT_EQ(FieldsOf(info).fileIndex, c.fileIndex) << c.modelId;
-    }
-}
-
-TEST(CanonArrays, CameraInformationBytesDependOnTheModel) {
-    std::vector<std::uint32_t> words;  // byte n is n
-    for (std::uint32_t i = 0; i < 200; i += 2) words.push_back(i | (i + 1) << 8);
-    struct Case { std::int32_t modelId; std::uint32_t count; std::int32_t byte7, a, b; };
-    const Case cases[] = {
-        {4110, 200, 7, 187, 190},
-        {4122, 200, 7, 189, 191},
-        {4126, 200, 7, 189, 191},
-        {4126, 0x7FFFFFFF, 7, 189, 191},
-        {4110, 190, 7, 187, INT_UNSET},
-        {4122, 8, 7, INT_UNSET, INT_UNSET},
-        {4122, 7, INT_UNSET, INT_UNSET, INT_UNSET},
-        {4121, 200, INT_UNSET, INT_UNSET, INT_UNSET},
-        {512, 200, INT_UNSET, INT_UNSET, INT_UNSET},
-    };
-    for (const Case& c : cases) {
-        const Fields fields = FieldsOf(Decoded(DecodeCanonCameraInfo, words, c.count, c.modelId));
-        EXPECT_EQ(fields.cameraInfoByte7, c.byte7) << c.modelId << ' ' << c.count;
-        EXPECT_EQ(fields.cameraInfoA, c.a) << c.modelId << ' ' << c.count;
-        EXPECT_EQ(fields.cameraInfoB, c.b) << c.modelId << ' ' << c.count;
-    }
 }
 
 // ---- The texts.
@@ -500,12 +481,9 @@ TEST(CanonWording, WhiteBalanceAndPictureStyle) {
     EXPECT_EQ(style(4108, INT_UNSET), "-");
 }
 
-TEST(CanonNames, TablesHaveTheirRows) {
-    EXPECT_EQ(std::size(kCanonWhiteBalanceNames), 17u);
-    EXPECT_EQ(std::size(kCanonPictureStyleNames), 25u);
-    EXPECT_GE(kCanonLensCount, 221);
+TEST(CanonNames, EveryLensCanAnswer) {
     for (std::int32_t i = 1; i < kCanonLensCount; ++i)
-        EXPECT_LT(kCanonLensNames[i - 1].key, kCanonLensNames[i].key) << "an id that never answers";
+        EXPECT_LT(kCanonLensNames[i - 1].key, kCanonLensNames[i].key);
 }
 
 // clang-format on

@@ -1,17 +1,16 @@
-// Olympus' MakerNote, old form and new, with the directories in it.
+// Olympus' MakerNote, old form and new, with the directories in it, and the texts.
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
+#include <cstring>
 #include <string>
 
 #include "makernote/dispatch.h"
 #include "makernote/olympus_fields.h"
-#include "parse/containers/container.h"
-#include "support/memory_stream.h"
+#include "support/listing.h"
 #include "support/note_file.h"
 #include "support/parse.h"
+#include "text/summary.h"
 #include "unit/bare_note.h"
 
 namespace qmx::test {
@@ -20,25 +19,16 @@ namespace {
 using namespace std::string_view_literals;
 using Fields = OlympusMakerFields;
 
-const Fields& FieldsOf(const ImageInfo& info) { return MakerRecord<Fields>(info); }
+BareNote OldNote(Order order = Order::kLittle) {
+    return BareNote(kMakerOlympus, "OLYMP\0\1\0"sv, 0, order);
+}
 
-// A photo with a note of the old form; `Directory` adds one to the note, by its offset.
-class OlympusFile : public NoteFile {
-public:
-    explicit OlympusFile(Order order = Order::kLittle)
-        : NoteFile(order, "OLYMPUS CORPORATION", "OLYMP\0\1\0"sv) {}
-    IfdBuilder& Directory(std::uint16_t tag) {
-        IfdBuilder& directory = Tiff().SubIfd();
-        Note().Link(tag, {&directory});
-        return directory;
-    }
-    ImageInfo Info() { return Parse(Build()).info; }
-};
+Fields FieldsOf(const ImageInfo& info) { return MakerRecord<Fields>(info); }
 
 // clang-format off
 
-void FillEveryTag(OlympusFile& file) {
-    file.Note()
+void FillEveryTag(BareNote& note) {
+    note.Entries()
         .Ascii(0x0104, "1.2").Long(0x0200, {3, 4, 2}).Short(0x0201, {33}).Short(0x0202, {2})
         .Short(0x0203, {6}).Rational(0x0204, {{5, 2}}).Ascii(0x0207, "SX756")
         .Undefined(0x0209, FromText("OLYMPUS DIGITAL CAMERA         \0"sv)).Short(0x0302, {1})
@@ -48,14 +38,14 @@ void FillEveryTag(OlympusFile& file) {
         .Ascii(0x101A, "S-101A  ").SRational(0x1023, {{-1, 2}}).Short(0x1026, {1})
         .Short(0x1029, {2}).Long(0x102E, {2560}).Long(0x102F, {1920}).Rational(0x1034, {{27, 10}})
         .Short(0x1039, {1}).Short(0x103A, {1});
-    file.Directory(0x2010)
+    note.Directory(0x2010)
         .Ascii(0x0100, "D4040").Ascii(0x0101, "143008611                      ")
         .Long(0x0104, {0x1300}).Byte(0x0201, {1, 0xEE, 2, 0x10, 0xEE, 0xEE})
         .Ascii(0x0202, "050105886").Ascii(0x0203, "A lens").Long(0x0204, {0x1100})
         .Short(0x0205, {760}).Short(0x0206, {925}).Short(0x0207, {14}).Short(0x0208, {54})
         .Byte(0x0301, {2, 0xEE, 8, 0, 0, 0}).Ascii(0x0403, "WCON").Short(0x1000, {3})
         .Short(0x1001, {2});
-    file.Directory(0x2020)
+    note.Directory(0x2020)
         .Short(0x0200, {3}).Short(0x0201, {1}).Short(0x0202, {261}).SRational(0x0203, {{1, 3}})
         .Short(0x0300, {1}).Short(0x0301, {2, 68}).Short(0x0302, {1, 9}).Short(0x0303, {1})
         .Long(0x0304, {0, 0, 0x79798585, 1}).Short(0x0400, {18}).SRational(0x0401, {{-2, 3}})
@@ -68,11 +58,11 @@ void FillEveryTag(OlympusFile& file) {
         .Short(0x0524, {10}).Short(0x0525, {5}).Short(0x0526, {2}).Short(0x0527, {1, 2, 3})
         .Short(0x0529, {9, 0, 0, 0}).Short(0x0600, {5, 2, 65}).Short(0x0601, {3, 6})
         .Short(0x0603, {4}).Long(0x0604, {2});
-    file.Directory(0x2040).Long(0x0614, {4000}).Long(0x0615, {3000});
-    file.Directory(0x3000).Short(0x1000, {22});
+    note.Directory(0x2040).Long(0x0614, {4000}).Long(0x0615, {3000});
+    note.Directory(0x3000).Short(0x1000, {22});
 }
 
-TEST(OlympusNote, EveryTagHasItsField) {
+TEST(OlympusNote, EveryTagHasItsFieldAndEveryFieldItsLine) {
     const Fields expected = {
         .cameraId = "OLYMPUS DIGITAL CAMERA", .mainType = "SX756", .mainSerial = "S-101A",
         .compactSerial = "S-0404", .mainFirmware = "1.2", .compactFirmware = "F-0405",
@@ -101,78 +91,88 @@ TEST(OlympusNote, EveryTagHasItsField) {
         .noiseFilterHighest = 3, .artFilter = 9, .driveMode = 5, .driveShot = 2,
         .bracketBits = 65, .panoramaMode = 3, .panoramaShot = 6, .imageQuality = 4,
         .imageStabilization = 2, .lightSource = 22};
-    OlympusFile file;
-    FillEveryTag(file);
-    const ImageInfo info = file.Info();
+    const Lines lines = {
+        "カメラID=OLYMPUS DIGITAL CAMERA", "カメラタイプ=D4040", "撮影モード=絞り優先AE",
+        "シーンモード=手持ち夜景", "画質モード=RAW", "イメージサイズ=2560, 1920",
+        "特殊撮影モード=パノラマ", "　+ 連番=4", "　+ パノラマ方向=右→左",
+        "ドライブモード=ブラケット", "　+ 連番=2", "　+ ブラケット=AE+フォーカス",
+        "パノラマ=下→上", "　+ 連番=6", "測光モード=ESP+AF測光", "AEロック=オン", "露出シフト=+0.3EV",
+        "フラッシュモード=強制発光+強制発光", "フラッシュ制御=TTL", "フラッシュ=内蔵+外部",
+        "フラッシュ機種=FL-50", "フラッシュのバウンス=あり", "フラッシュ光量補正=-0.7EV",
+        "マクロモード=オン", "フォーカスモード=コンティニュアスAF",
+        "　+ AF方式=C-AF+イメージャAF", "AF動作=AFあり", "合焦状態=合焦",
+        "フォーカスレンジ=マクロ", "撮影距離=3.5m", "AFエリア=(121,121)-(133,133)",
+        "デジタルズーム=2.5倍", "手ブレ補正=オン/モード2", "ホワイトバランス=3000K（電球）",
+        "ワンタッチWB=オン", "色温度=3000K", "WBブラケット=-2, +3",
+        "仕上がり=モノトーン", "コントラスト=+9", "シャープネス=+10", "色の濃さ=+8",
+        "彩度強調=CM4（肌色）", "白黒モード=なし", "フィルター効果=緑", "調色=セピア",
+        "アートフィルター=ジオラマ", "階調=ハイキー", "カラースペース=Adobe RGB",
+        "ノイズリダクション=ノイズリダクション+オート", "ノイズフィルタ=強",
+        "歪み補正=オン", "シェーディング補正=オフ", "CCD走査モード=プログレッシブ",
+        "圧縮率=4.0", "レンズ情報=Sigma 19mm F2.8 EX DN", "レンズ名=A lens",
+        "レンズシリアル番号=050105886", "レンズファームウェア=1.100", "エクステンダー=(520)",
+        "コンバージョンレンズ=WCON", "シリアル番号=143008611", "ファームウェア=1.300"};
+    BareNote note = OldNote();
+    FillEveryTag(note);
+    const ImageInfo info = note.Decode();
     EXPECT_TRUE(HoldsRecord(info, expected));
-    EXPECT_EQ(info.pixelYDimension, static_cast<std::int32_t>(NoteFile::kHeight));
-    EXPECT_TRUE(HoldsRecord(OlympusFile(Order::kBig).Info(), Fields()));
+    EXPECT_TRUE(Lists(info, lines));
+    note.ExpectHarmless(sizeof(Fields));
+    const ImageInfo empty = OldNote(Order::kBig).Decode();
+    EXPECT_TRUE(HoldsRecord(empty, Fields()));
+    EXPECT_TRUE(Lists(empty, {}));
 }
-
-// clang-format on
 
 TEST(OlympusNote, RulesOfSingleTags) {
     struct Case {
-        const char* what;
-        void (*fill)(OlympusFile&);
-        std::int32_t Fields::*field;
-        std::int32_t value;
+        const char* what; void (*fill)(BareNote&); std::int32_t Fields::*field, value;
     };
-    const auto area65 = [](OlympusFile& f) {
+    const auto area65 = [](BareNote& n) {
         std::vector<std::uint32_t> areas(65);
         areas[64] = 5;
-        f.Directory(0x2020).Long(0x0304, areas);
+        n.Directory(0x2020).Long(0x0304, areas);
     };
-    // clang-format off
     const Case cases[] = {
         {"three bytes are no lens",
-         [](OlympusFile& f) { f.Directory(0x2010).Byte(0x0201, {0, 0, 1}); },
+         [](BareNote& n) { n.Directory(0x2010).Byte(0x0201, {0, 0, 1}); },
          &Fields::lensId, INT_UNSET},
         {"no lens",
-         [](OlympusFile& f) { f.Directory(0x2010).Byte(0x0201, {0, 1, 0, 0, 9, 9}); },
+         [](BareNote& n) { n.Directory(0x2010).Byte(0x0201, {0, 1, 0, 0, 9, 9}); },
          &Fields::lensId, 0},
-        {"range 0", [](OlympusFile& f) { f.Directory(0x2010).Short(0x0207, {0}); },
+        {"range 0", [](BareNote& n) { n.Directory(0x2010).Short(0x0207, {0}); },
          &Fields::minFocalLength, INT_UNSET},
-        {"no area in use", [](OlympusFile& f) { f.Directory(0x2020).Long(0x0304, {0, 0}); },
+        {"no area in use", [](BareNote& n) { n.Directory(0x2020).Long(0x0304, {0, 0}); },
          &Fields::focusArea, INT_UNSET},
         {"area behind the list", area65, &Fields::focusArea, INT_UNSET},
-        {"one word of two", [](OlympusFile& f) { f.Note().Short(0x1015, {3}); },
+        {"one word of two", [](BareNote& n) { n.Entries().Short(0x1015, {3}); },
          &Fields::whiteBalanceSubCode, 0},
         {"crop of the raw data",
-         [](OlympusFile& f) { f.Directory(0x3000).Long(0x0614, {3264}).Long(0x0615, {2448}); },
+         [](BareNote& n) { n.Directory(0x3000).Long(0x0614, {3264}).Long(0x0615, {2448}); },
          &Fields::imageHeight, 2448},
         {"size 0 gives way",
-         [](OlympusFile& f) {
-             f.Note().Long(0x102E, {0}).Long(0x102F, {1920});
-             f.Directory(0x2040).Long(0x0614, {4032}).Long(0x0615, {3024});
+         [](BareNote& n) {
+             n.Entries().Long(0x102E, {0}).Long(0x102F, {1920});
+             n.Directory(0x2040).Long(0x0614, {4032}).Long(0x0615, {3024});
          },
          &Fields::imageHeight, 3024},
-        {"half a size", [](OlympusFile& f) { f.Note().Long(0x102E, {2560}); },
+        {"half a size", [](BareNote& n) { n.Entries().Long(0x102E, {2560}); },
          &Fields::imageWidth, INT_UNSET},
-        {"negative size", [](OlympusFile& f) { f.Note().Long(0x102E, {1}).Long(0x102F, {~0u}); },
+        {"negative size", [](BareNote& n) { n.Entries().Long(0x102E, {1}).Long(0x102F, {~0u}); },
          &Fields::imageWidth, INT_UNSET},
     };
-    // clang-format on
     for (const Case& c : cases) {
-        OlympusFile file;
-        c.fill(file);
-        EXPECT_EQ(FieldsOf(file.Info()).*c.field, c.value) << c.what;
+        BareNote note = OldNote();
+        c.fill(note);
+        EXPECT_EQ(FieldsOf(note.Decode()).*c.field, c.value) << c.what;
     }
 }
 
 TEST(OlympusNote, ExifTakesWhatItLacks) {
-    const auto fill = [](OlympusFile& file) {
-        file.Note()
-            .SRational(0x1000, {{7, 1}})
-            .SRational(0x1001, {{6, 1}})
-            .SRational(0x1002, {{4, 1}})
-            .SRational(0x1003, {{-3, 2}})
-            .SRational(0x1006, {{-1, 2}});
-        file.Directory(0x2010).Short(0x020A, {1024});
-    };
-    OlympusFile lacking;
-    fill(lacking);
-    const ImageInfo filled = lacking.Info();
+    BareNote note = OldNote();
+    note.Entries().SRational(0x1000, {{7, 1}}).SRational(0x1001, {{6, 1}})
+        .SRational(0x1002, {{4, 1}}).SRational(0x1003, {{-3, 2}}).SRational(0x1006, {{-1, 2}});
+    note.Directory(0x2010).Short(0x020A, {1024});
+    const ImageInfo filled = note.Decode();
     EXPECT_EQ(filled.shutterSpeed, 1.0f / 128);
     EXPECT_EQ(filled.isoSpeed, 200);
     EXPECT_EQ(filled.aperture, 4.0f);
@@ -180,32 +180,24 @@ TEST(OlympusNote, ExifTakesWhatItLacks) {
     EXPECT_EQ(filled.exposureBias, -0.5f);
     EXPECT_EQ(filled.maxAperture, 4.0f);
 
-    ImageInfo given;
-    given.makerId = kMakerOlympus;
-    given.shutterSpeed = given.aperture = given.brightness = given.exposureBias = 9.0f;
-    given.maxAperture = 9.0f;
-    given.isoSpeed = 9;
-    const Bytes file = lacking.Build();
-    BytesContext context(file);
-    context.ctx.info = given;
-    const auto note = std::search(file.begin(), file.end(), "OLYMP\0"sv.begin(), "OLYMP\0"sv.end());
-    SeekTo(context.ctx, static_cast<std::int32_t>(note - file.begin()));
-    ParseMakerNote(context.ctx, 0);
-    const ImageInfo& info = context.ctx.info;
-    for (const float kept :
-         {info.shutterSpeed, info.aperture, info.brightness, info.exposureBias, info.maxAperture})
-        EXPECT_EQ(kept, 9.0f);
-    EXPECT_EQ(info.isoSpeed, 9);
-    EXPECT_EQ(FieldsOf(info).mainQuality, INT_UNSET);
-    // What reads as 0 says nothing.
-    OlympusFile empty;
-    empty.Note().SRational(0x1000, {{0, 0}}).SRational(0x1001, {{0, 0}});
-    EXPECT_EQ(empty.Info().shutterSpeed, FLOAT_UNSET);
-    EXPECT_EQ(empty.Info().isoSpeed, INT_UNSET);
+    ImageInfo& before = note.before;
+    before.shutterSpeed = before.aperture = before.brightness = before.exposureBias = 9.0f;
+    before.maxAperture = 9.0f;
+    before.isoSpeed = 9;
+    const ImageInfo kept = note.Decode();
+    for (const float value : {kept.shutterSpeed, kept.aperture, kept.brightness,
+                              kept.exposureBias, kept.maxAperture})
+        EXPECT_EQ(value, 9.0f);
+    EXPECT_EQ(kept.isoSpeed, 9);
+    // What reads as 0 says nothing, nor does what no film has.
+    BareNote empty = OldNote();
+    empty.Entries().SRational(0x1000, {{0, 0}}).SRational(0x1001, {{0, 0}});
+    EXPECT_EQ(empty.Decode().shutterSpeed, FLOAT_UNSET);
+    EXPECT_EQ(empty.Decode().isoSpeed, INT_UNSET);
     for (const std::int64_t apex : {-2000, -4, 30, 2000}) {
-        OlympusFile wild;
-        wild.Note().SRational(0x1001, {{apex, 1}});
-        EXPECT_EQ(wild.Info().isoSpeed, INT_UNSET) << apex;
+        BareNote wild = OldNote();
+        wild.Entries().SRational(0x1001, {{apex, 1}});
+        EXPECT_EQ(wild.Decode().isoSpeed, INT_UNSET) << apex;
     }
 }
 
@@ -273,90 +265,151 @@ TEST(OlympusNote, OtherHeadersStayClosed) {
     }
 }
 
-Bytes Deliver(const Bytes& file) {
-    BytesContext context(file);
-    MemoryStream stream;
-    context.ctx.outStream = &stream;
-    ParseContainer(context.ctx, false);
-    return stream.bytes;
-}
-
-void AddSettingsPreview(OlympusFile& file, std::uint32_t valid, std::uint32_t offset,
-                        std::uint32_t length) {
-    file.Directory(0x2020).Long(0x0100, {valid}).Long(0x0101, {offset}).Long(0x0102, {length});
-}
-
+// What a request for a picture behind everything else says of its place.
 TEST(OlympusNote, PreviewsAreDelivered) {
     static const Bytes jpeg = JpegStream(Segment(0xDB, Bytes(6)), 320, 240);
-    static const auto size = static_cast<std::uint32_t>(jpeg.size());
-    struct Case {
-        const char* what;
-        void (*fill)(OlympusFile&, std::uint32_t at);
-        bool delivered;
+    using File = NoteFile;
+    using U32 = std::uint32_t;
+    const auto photo = [](void (*fill)(File&, U32, U32), U32 offset, U32 length) {
+        File file(Order::kLittle, "OLYMPUS CORPORATION", "OLYMP\0\1\0"sv);
+        fill(file, offset, length);
+        return file.Tiff().Trailer(jpeg).Build();
     };
-    using File = OlympusFile;
-    using At = std::uint32_t;
-    // clang-format off
+    constexpr void (*kPlaces[])(File&, U32, U32) = {
+        [](File& f, U32 at, U32 size) {
+            IfdBuilder& settings = f.Tiff().SubIfd();
+            f.Note().Link(0x2020, {&settings});
+            settings.Long(0x0100, {1}).Long(0x0101, {at}).Long(0x0102, {size});
+        },
+        [](File& f, U32 at, U32 size) {
+            f.Note().Short(0x1035, {1}).Long(0x1036, {at}).Long(0x1037, {size});
+        },
+        [](File& f, U32 at, U32 size) { f.Note().Long(0x1037, {size}).Long(0x1036, {at}); },
+        [](File& f, U32 at, U32 size) { f.Note().Long(0x0F04, {at}).Long(0x0F05, {size}); },
+        [](File& f, U32 at, U32 size) { f.Note().Long(0x0088, {at}).Long(0x0089, {size}); },
+    };
+    for (const auto& fill : kPlaces) {
+        SCOPED_TRACE(&fill - kPlaces);
+        ExpectPreview(jpeg, [&](U32 at, U32 size) { return photo(fill, at, size); });
+    }
+    // Other values: the picture itself, twice, none, and a picture that is said to be invalid.
+    const auto deliver = [&](auto fill) { return Deliver(photo(fill, 0, 0)); };
+    EXPECT_EQ(deliver([](File& f, U32, U32) { f.Note().Undefined(0x0081, jpeg); }), jpeg);
+    EXPECT_EQ(deliver([](File& f, U32, U32) { f.Note().Undefined(0x0100, jpeg); }), jpeg);
+    EXPECT_EQ(deliver([](File& f, U32, U32) { f.Note().Undefined(0x0100, Bytes(20)); }), Bytes());
+    EXPECT_EQ(deliver([](File& f, U32, U32) {
+        const auto size = static_cast<U32>(jpeg.size());
+        f.Note().Short(0x1035, {0}).Data(0x1036, jpeg).Long(0x1037, {size});
+    }), Bytes());
+}
+// And says that it has the most entries.
+TEST(OlympusNote, DirectoryThatLeadsToItselfEnds) {
+    BareNote loop = OldNote();
+    IfdBuilder& self = loop.Directory(0x2010).Ascii(0x0101, "S").EntryCount(0xFFFF);
+    for (const int tag : {0x2010, 0x2020, 0x2040, 0x3000}) {
+        loop.Entries().Link(static_cast<std::uint16_t>(tag), {&self});
+        self.Link(static_cast<std::uint16_t>(tag), {&self});
+    }
+    loop.Entries().EntryCount(0xFFFF);
+    EXPECT_EQ(FieldText(FieldsOf(loop.Decode()).serialNumber), "S");
+}
+
+TEST(OlympusSection, OlderDirectoriesConditionsAndFallbacks) {
+    ExpectLists<Fields>(kMakerOlympus, {
+        {{.oneTouchBalance = 2, .focusSearch = 0},
+         {"合焦状態=未合焦", "ワンタッチWB=オン（プリセット）"}},
+        {{.pictureContrast = -1, .pictureSharpness = 0}, {"コントラスト=-1", "シャープネス=±0"}},
+        {{.cameraType = "D4040", .saturation = 2, .saturationLowest = -2},
+         {"カメラタイプ=D4040", "色の濃さ=CS4"}},
+        {{.gradation = -1, .gradationAuto = 0}, {"階調=ローキー"}},
+        {{.noiseFilter = -2, .noiseFilterLowest = -2, .noiseFilterHighest = 1},
+         {"ノイズフィルタ=オフ"}},
+        {{.lensFirmware = 0x1001, .lensId = 0x500, .extender = 4},
+         {"レンズ情報=ZD 14-54mm F2.8-3.5", "レンズファームウェア=1.001", "エクステンダー=EC-14"}},
+        {{.mainType = "SX874", .mainQuality = 2}, {"カメラタイプ=SX874", "画質モード=SHQ"}},
+        {{.mainType = "SX151", .mainQuality = 2}, {"カメラタイプ=SX151", "画質モード=HQ"}},
+        {{.mainQuality = 0, .cameraType = "D4322"}, {"カメラタイプ=D4322", "画質モード=SQ"}},
+        {{.mainQuality = 7}, {"画質モード=(7)"}},
+        {{.compactScene = 43}, {"シーンモード=手持ち夜景"}},
+        {{.specialMode = 0, .specialSequence = 0, .specialPanorama = 0}, {"特殊撮影モード=標準"}},
+        {{.driveMode = 0, .driveShot = 0, .bracketBits = 0}, {"ドライブモード=1コマ撮影"}},
+        {{.panoramaMode = 0, .panoramaShot = 1}, {}},
+        {{.mainFlash = 2, .flashMode = 0}, {"フラッシュモード=発光禁止"}},
+        {{.flashMode = 64}, {"フラッシュモード=(64)"}},
+        {{.mainFlash = 0}, {"フラッシュモード=(0)"}},
+        {{.flashType = 2, .flashModel = 0}, {"フラッシュ=簡易E-System"}},
+        {{.mainFlashCompensation = 0}, {"フラッシュ光量補正=±0"}},
+        {{.mainMacro = 2, .mainFocusMode = 1}, {"マクロモード=スーパーマクロ", "フォーカスモード=マニュアルフォーカス"}},
+        {{.manualFocusDistance = 0}, {}},
+        {{.manualFocusDistance = -5}, {}},
+        {{.digitalZoom = 0}, {"デジタルズーム=オフ"}},
+        {{.whiteBalanceCode = 0x102, .whiteBalanceSubCode = 0x305}, {"ホワイトバランス=4500K"}},
+        {{.lightSource = 17}, {"ホワイトバランス=曇天"}},
+        {{.colorTemperature = 0, .balanceBracketAmber = 0}, {}},
+        {{.balanceBracketAmber = 0, .balanceBracketGreen = 0}, {}},
+        {{.mainBalanceBracket = 2}, {"WBブラケット=+2"}},
+        {{.mainSharpness = 1, .mainContrast = 0}, {"コントラスト=高い", "シャープネス=ハード"}},
+        {{.saturation = 0, .contrast = 2, .sharpness = -1}, {"コントラスト=+2", "シャープネス=-1", "色の濃さ=±0"}},
+        {{.monochromeFilter = 0, .monochromeTone = 0, .artFilter = 0}, {}},
+        {{.gradation = 0, .gradationAuto = 1}, {"階調=オート"}},
+        {{.noiseReduction = 0}, {"ノイズリダクション=なし"}},
+        {{.mainNoiseReduction = 1}, {"ノイズリダクション=オン"}},
+        {{.noiseFilter = 0, .noiseFilterLowest = 0, .noiseFilterHighest = 0}, {}},
+        {{.noiseFilter = 0}, {"ノイズフィルタ=標準"}},
+        {{.bodyFirmware = 0, .lensId = 0, .extender = 0}, {}},
+        {{.compactSerial = "0404", .mainFirmware = "1"}, {"シリアル番号=0404", "ファームウェア=1"}},
+    });
+}
+
+TEST(OlympusWordings, LensAndWhiteBalance) {
+    struct Case { Fields fields; const char *lens, *whiteBalance; };
     const Case cases[] = {
-        {"settings", [](File& f, At at) { AddSettingsPreview(f, 1, at, size); }, true},
-        {"invalid", [](File& f, At at) { AddSettingsPreview(f, 0, at, size); }, false},
-        {"empty", [](File& f, At at) { AddSettingsPreview(f, 1, at, 0); }, false},
-        {"far away", [](File& f, At) { AddSettingsPreview(f, 1, 0xFFFFFFF0, 0xFFFFFFFF); }, false},
-        {"no frame there", [](File& f, At at) { AddSettingsPreview(f, 1, at - 7, size); }, false},
-        {"main",
-         [](File& f, At at) { f.Note().Short(0x1035, {1}).Long(0x1036, {at}).Long(0x1037, {size}); },
-         true},
-        {"length before offset",
-         [](File& f, At at) { f.Note().Long(0x1037, {size}).Long(0x1036, {at}); }, true},
-        {"zoomed", [](File& f, At at) { f.Note().Long(0x0F04, {at}).Long(0x0F05, {size}); }, true},
-        {"Minolta-built",
-         [](File& f, At at) { f.Note().Long(0x0088, {at}).Long(0x0089, {size}); }, true},
-        {"inline", [](File& f, At) { f.Note().Undefined(0x0081, jpeg); }, true},
-        {"thumbnail", [](File& f, At) { f.Note().Undefined(0x0100, jpeg); }, true},
-        {"no picture", [](File& f, At) { f.Note().Undefined(0x0100, Bytes(20)); }, false},
+        {{}, "-", "-"},
+        {{.lensId = 272, .whiteBalance = 0}, "M.ZD 14-42mm F3.5-5.6", "オート"},
+        {{.lensId = 0, .minFocalLength = 14}, "-", "-"},
+        {{.lensId = 131329, .whiteBalance = 23}, "(131329)", "5500K（フラッシュ）"},
+        {{.lensId = 131329, .widestAtMinFocal = 925, .widestAtMaxFocal = 1273,
+          .minFocalLength = 14, .maxFocalLength = 42, .whiteBalance = 4711},
+         "14-42mm F3.5-5.6", "(4711)"},
+        {{.whiteBalanceCode = 3, .lensId = 131329, .maxFocalLength = 42}, "(131329)", "ワンタッチ"},
+        {{.whiteBalanceCode = 1, .whiteBalanceSubCode = 1}, "-", "(257)"},
+        {{.whiteBalanceCode = 1, .whiteBalance = 512, .lightSource = 17}, "-", "カスタムWB1"},
+        {{.lightSource = 17}, "-", "-"},
     };
-    // clang-format on
     for (const Case& c : cases) {
-        const auto photo = [&](std::uint32_t offset) {
-            OlympusFile file;
-            c.fill(file, offset);
-            file.Tiff().Trailer(jpeg);
-            return file.Build();
-        };
-        const auto offset = static_cast<std::uint32_t>(photo(0).size() - jpeg.size());
-        EXPECT_EQ(Deliver(photo(offset)), c.delivered ? jpeg : Bytes()) << c.what;
+        const ImageInfo info = InfoOf(kMakerOlympus, c.fields);
+        EXPECT_EQ(Wording(&MakerText::lensText, info), c.lens);
+        EXPECT_EQ(Wording(&MakerText::whiteBalanceText, info), c.whiteBalance);
     }
 }
 
-// Cut at every byte, every byte altered: only the record is written, and a directory that leads to
-// itself or says that it has the most entries ends.
-TEST(OlympusNote, HostileNotes) {
-    OlympusFile file;
-    FillEveryTag(file);
-    const Bytes whole = file.Build();
-    const auto expectOnlyRecord = [](const Bytes& bytes) {
-        const ImageInfo info = Parse(bytes).info;
-        if (info.makerId != kMakerOlympus) return;
-        EXPECT_TRUE(std::all_of(info.makerFields + sizeof(Fields), std::end(info.makerFields),
-                                [](std::uint8_t byte) { return byte == 0; }));
+// clang-format on
+
+TEST(OlympusSummary, ImageSizeWhereExifHasNone) {
+    struct Case {
+        const char* what;
+        void (*change)(ImageInfo&);
+        std::int32_t width, height;
     };
-    for (std::size_t i = 0; i < whole.size(); ++i) {
-        expectOnlyRecord({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(i)});
-        Bytes altered = whole;
-        for (const int value : {0x00, 0x7F, 0x80, 0xFF}) {
-            altered[i] = static_cast<std::uint8_t>(value);
-            expectOnlyRecord(altered);
-        }
+    const Case cases[] = {
+        {"note alone", [](ImageInfo&) {}, 2560, 1920},
+        {"half of Exif's", [](ImageInfo& i) { i.pixelXDimension = 100; }, 2560, 1920},
+        {"Exif's", [](ImageInfo& i) { i.pixelXDimension = 100, i.pixelYDimension = 72; }, 100, 72},
+        {"no note", [](ImageInfo& i) { i.hasMakerNote = 0; }, INT_UNSET, INT_UNSET},
+        {"another maker", [](ImageInfo& i) { i.makerId = kMakerCasio; }, INT_UNSET, INT_UNSET},
+        {"never decoded", [](ImageInfo& i) { std::memset(i.makerFields, 0, kMakerFieldsSize); },
+         INT_UNSET, INT_UNSET},
+        {"not in the note", [](ImageInfo& i) { ResetMakerRecord<Fields>(i); }, INT_UNSET,
+         INT_UNSET},
+    };
+    for (const Case& c : cases) {
+        ImageInfo info = InfoOf(kMakerOlympus, Fields{.imageWidth = 2560, .imageHeight = 1920});
+        c.change(info);
+        InfoRequest request = {};
+        BuildSummary(info, &request);
+        EXPECT_EQ(request.imageWidth, c.width) << c.what;
+        EXPECT_EQ(request.imageHeight, c.height) << c.what;
     }
-    OlympusFile loop;
-    IfdBuilder& self = loop.Directory(0x2010).Ascii(0x0101, "S").EntryCount(0xFFFF);
-    constexpr std::uint16_t kDirectories[] = {0x2010, 0x2020, 0x2040, 0x3000};
-    for (const std::uint16_t tag : kDirectories) {
-        loop.Note().Link(tag, {&self});
-        self.Link(tag, {&self});
-    }
-    loop.Note().EntryCount(0xFFFF);
-    EXPECT_EQ(FieldText(FieldsOf(loop.Info()).serialNumber), "S");
 }
 
 }  // namespace

@@ -1,17 +1,13 @@
-// Sigma's MakerNote, as whole files.
+// Sigma's MakerNote and the texts.
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
 #include <string>
 
-#include "makernote/maker_record.h"
 #include "makernote/sigma_fields.h"
-#include "parse/containers/container.h"
-#include "support/memory_stream.h"
+#include "support/listing.h"
 #include "support/note_file.h"
-#include "support/parse.h"
+#include "unit/bare_note.h"
 
 namespace qmx::test {
 namespace {
@@ -21,162 +17,111 @@ using Fields = SigmaMakerFields;
 
 constexpr std::string_view kHeader = "SIGMA\0\0\0\1\0"sv;
 
-class SigmaFile : public NoteFile {
-public:
-    explicit SigmaFile(Order order = Order::kLittle) : NoteFile(order, "SIGMA", kHeader) {}
-};
+// clang-format off
 
-struct TextField {
-    std::uint16_t tag;
-    std::size_t offset, size;
-};
-
-#define TEXT_FIELD(tag) \
-    { 0x##tag, offsetof(Fields, sigmaTag##tag), sizeof Fields::sigmaTag##tag }
-constexpr TextField kTexts[] = {
-    TEXT_FIELD(02), TEXT_FIELD(03), TEXT_FIELD(04), TEXT_FIELD(05), TEXT_FIELD(06), TEXT_FIELD(07),
-    TEXT_FIELD(08), TEXT_FIELD(09), TEXT_FIELD(0A), TEXT_FIELD(0B), TEXT_FIELD(0C), TEXT_FIELD(0D),
-    TEXT_FIELD(0E), TEXT_FIELD(0F), TEXT_FIELD(10), TEXT_FIELD(11), TEXT_FIELD(12), TEXT_FIELD(14),
-    TEXT_FIELD(15), TEXT_FIELD(16), TEXT_FIELD(17), TEXT_FIELD(18), TEXT_FIELD(19), TEXT_FIELD(1D),
-    TEXT_FIELD(22), TEXT_FIELD(30), TEXT_FIELD(3B), TEXT_FIELD(3C)};
-#undef TEXT_FIELD
-
-std::string TextAt(const Fields& fields, const TextField& field) {
-    char text[64] = {};
-    std::memcpy(text, reinterpret_cast<const char*>(&fields) + field.offset, field.size);
-    return text;
+// Every tag once, and tags that mean nothing.
+void AddEveryTag(IfdBuilder& note) {
+    note.Ascii(0x0001, "below").Ascii(0x0002, "1001403").Ascii(0x0003, "2S").Ascii(0x0004, "HI")
+        .Ascii(0x0005, "AF-S").Ascii(0x0006, "AF").Ascii(0x0007, "Sunlight").Ascii(0x0008, "P")
+        .Ascii(0x0009, "8").Ascii(0x000A, "24 to 70").Ascii(0x000B, "sRGB")
+        .Ascii(0x000C, "Expo:+0.8").Ascii(0x000D, "Cont:+0.1").Ascii(0x000E, "Shad:+0.2")
+        .Ascii(0x000F, "High:+0.3").Ascii(0x0010, "Satu:+0.4").Ascii(0x0011, "Shar:+1.0")
+        .Ascii(0x0012, "Fill:+0.5").Ascii(0x0013, "nothing").Ascii(0x0014, "+0.1, +0.2, +0.3")
+        .Ascii(0x0015, "X3F Setting Mode").Ascii(0x0016, "Qual:12")
+        .Ascii(0x0017, "2.0.4.1642 Release").Ascii(0x0018, "SIGMA PhotoPro 2.0.0.1586")
+        .Ascii(0x0019, "1 of 3").Ascii(0x001D, "tag 1D").Ascii(0x001E, "nothing")
+        .Ascii(0x0022, "tag 22").Ascii(0x0030, "tag 30").Rational(0x0031, {{110, 10}})
+        .Rational(0x0032, {{4, 10}}).SRational(0x0035, {{-3, 10}}).SRational(0x003A, {{7, 10}})
+        .Ascii(0x003B, "tag 3B").Ascii(0x003C, "tag 3C").Ascii(0x003D, "above");
 }
 
-TEST(SigmaNote, EveryTextHasItsField) {
+TEST(SigmaNote, EveryTagHasItsFieldAndEveryFieldItsLine) {
+    const Fields expected = {
+        .sigmaTag02 = "1001403", .sigmaTag03 = "2S", .sigmaTag04 = "HI", .sigmaTag05 = "AF-S",
+        .sigmaTag06 = "AF", .sigmaTag07 = "Sunlight", .sigmaTag08 = "P", .sigmaTag09 = "8",
+        .sigmaTag0A = "24 to 70", .sigmaTag0B = "sRGB", .sigmaTag0C = "Expo:+0.8",
+        .sigmaTag0D = "Cont:+0.1", .sigmaTag0E = "Shad:+0.2", .sigmaTag0F = "High:+0.3",
+        .sigmaTag10 = "Satu:+0.4", .sigmaTag11 = "Shar:+1.0", .sigmaTag12 = "Fill:+0.5",
+        .sigmaTag14 = "+0.1, +0.2, +0.", .sigmaTag15 = "X3F Setting Mode", .sigmaTag16 = "Qual:12",
+        .sigmaTag17 = "2.0.4.1642 Release", .sigmaTag18 = "SIGMA PhotoPro 2.0.0.1586",
+        .sigmaTag19 = "1 of 3", .sigmaTag1D = "tag 1D", .sigmaTag22 = "tag 22",
+        .sigmaTag30 = "tag 30", .sigmaTag31 = 11.0f, .sigmaTag32 = 0.4f, .sigmaTag35 = -0.3f,
+        .sigmaTag3A = 0.7f, .sigmaTag3B = "tag 3B", .sigmaTag3C = "tag 3C"};
+    const Lines lines = {
+        "露出時間=0.4秒", "絞り値=F11", "露出補正=-0.3EV", "シリアル番号=1001403",
+        "ドライブモード=2秒セルフタイマー", "解像度=HI", "AFモード=AF-S", "フォーカスモード=AF",
+        "ホワイトバランス=Sunlight", "撮影モード=プログラム", "測光モード=8分割式評価測光",
+        "レンズ焦点範囲=24 to 70", "カラースペース=sRGB", "階調", "　+ 露出=Expo:+0.8",
+        "　+ コントラスト=Cont:+0.1", "　+ シャドウ=Shad:+0.2", "　+ ハイライト=High:+0.3",
+        "　+ 彩度=Satu:+0.4", "　+ シャープネス=Shar:+1.0", "　+ X3 Fill Light=Fill:+0.5",
+        "カラー調整=+0.1, +0.2, +0.", "調整モード=X3F Setting Mode", "画質モード=Qual:12",
+        "ファームウェア=2.0.4.1642 Release", "ソフトウェア=SIGMA PhotoPro 2.0.0.1586",
+        "オートブラケット=1 of 3"};
     for (const Order order : {Order::kLittle, Order::kBig}) {
-        SigmaFile file(order);
-        char letter = '0';
-        for (const TextField& field : kTexts) {
-            // One shorter than its field, filling it, and one longer, in turn.
-            const std::size_t length = field.size - 2 + static_cast<std::size_t>(letter % 3);
-            file.Note().Ascii(field.tag, std::string(length, letter++));
-        }
-        const ImageInfo info = Parse(file.Build()).info;
-        letter = '0';
-        for (const TextField& field : kTexts) {
-            const std::size_t length = std::min<std::size_t>(
-                field.size - 2 + static_cast<std::size_t>(letter % 3), field.size - 1);
-            EXPECT_EQ(TextAt(MakerRecord<Fields>(info), field), std::string(length, letter++))
-                << std::hex << field.tag;
-        }
-        EXPECT_EQ(info.pixelYDimension, static_cast<std::int32_t>(NoteFile::kHeight));
+        BareNote note(kMakerSigma, kHeader, 0, order);
+        AddEveryTag(note.Entries());
+        const ImageInfo info = note.Decode();
+        EXPECT_TRUE(HoldsRecord(info, expected));
+        EXPECT_TRUE(Lists(info, lines));
+        EXPECT_EQ(Wording(&MakerText::whiteBalanceText, info), "Sunlight");
+        note.Entries().Long(0x001A, {20}).Long(0x001B, {30}).Short(0x001C, {64, 48});
+        note.ExpectHarmless(sizeof(Fields));
     }
+    const ImageInfo closed = BareNote(kMakerSigma, "SIGMU\0\0\0\1\0"sv).Decode();
+    EXPECT_EQ(closed.hasMakerNote, 0);
 }
 
-TEST(SigmaNote, NumbersAndTagsThatMeanNothing) {
-    SigmaFile file;
-    file.Note()
-        .Ascii(0x0001, "below")
-        .Ascii(0x0013, "nothing")
-        .Ascii(0x001E, "nothing")
-        .Ascii(0x0021, "nothing")
-        .Rational(0x0031, {{110, 10}})
-        .Rational(0x0032, {{4, 10}})
-        .SRational(0x0035, {{-3, 10}})
-        .SRational(0x003A, {{7, 10}})
-        .Ascii(0x003D, "above");
-    const ImageInfo info = Parse(file.Build()).info;
-    Fields expected;
-    expected.sigmaTag31 = 11.0f;
-    expected.sigmaTag32 = 0.4f;
-    expected.sigmaTag35 = -0.3f;
-    expected.sigmaTag3A = 0.7f;
-    EXPECT_EQ(std::memcmp(&MakerRecord<Fields>(info), &expected, sizeof expected), 0);
-    EXPECT_EQ(info.hasMakerNote, 1);
-}
-
-TEST(SigmaNote, UnknownHeaderIsLeftAlone) {
-    NoteFile file(Order::kLittle, "SIGMA", "SIGMU\0\0\0\1\0"sv);
-    file.Note().Ascii(0x0002, "serial");
-    const ImageInfo info = Parse(file.Build()).info;
-    EXPECT_EQ(info.hasMakerNote, 0);
-    EXPECT_EQ(info.pixelXDimension, static_cast<std::int32_t>(NoteFile::kWidth));
-}
-
-// What a request for the smallest or the largest picture delivers.
-Bytes Deliver(const Bytes& file, bool wantPrimary) {
-    BytesContext context(file);
-    MemoryStream stream;
-    context.ctx.outStream = &stream;
-    ParseContainer(context.ctx, wantPrimary);
-    return stream.bytes;
-}
+// clang-format on
 
 // Both pictures within a JPEG file, so that the base of the offsets counts.
 TEST(SigmaNote, PreviewsOfTagsAndBehindTheLastValue) {
     const Bytes tagged = JpegStream(Segment(0xDB, Bytes(8)), 64, 48);
     const Bytes trailing = JpegStream({}, 160, 120);
     for (const bool hasTrailing : {false, true}) {
-        SigmaFile file;
+        NoteFile file(Order::kLittle, "SIGMA", kHeader);
         file.Note()
             .Data(0x001A, tagged)
             .Long(0x001B, {static_cast<std::uint32_t>(tagged.size())})
             .Short(0x001C, {64, 48})
             .Ascii(0x003C, "Sunlight+");  // of an even size: nothing pads it
         if (hasTrailing) file.Tiff().Trailer(trailing);
-        const Bytes photo = ExifJpeg(file.Build());
+        const Bytes photo = ExifJpeg(file.Tiff().Build());
         EXPECT_EQ(Deliver(photo, false), tagged);
         EXPECT_EQ(Deliver(photo, true), hasTrailing ? trailing : tagged);
     }
+    NoteFile ignored(Order::kLittle, "SIGMA", kHeader);
+    ignored.Note().Undefined(0x003D, trailing);  // no tag that means anything
+    EXPECT_EQ(Deliver(ignored.Tiff().Build()), trailing);
 }
 
-TEST(SigmaNote, PreviewBehindAnEntryThatIsIgnored) {
-    const Bytes jpeg = JpegStream({}, 160, 120);
-    SigmaFile file;
-    file.Note().Undefined(0x003D, jpeg);
-    EXPECT_EQ(Deliver(file.Build(), false), jpeg);
+// clang-format off
+
+TEST(SigmaSection, ConditionsAndFallbacks) {
+    ExpectLists<Fields>(kMakerSigma, {
+        {{}, {"階調"}},  // the group stands even when it is empty
+        {{.sigmaTag32 = 0.0f}, {"階調"}},
+        {{.sigmaTag08 = "A", .sigmaTag09 = "C"},
+         {"撮影モード=絞り優先", "測光モード=中央部重点平均測光", "階調"}},
+        {{.sigmaTag08 = "S", .sigmaTag09 = "A"},
+         {"撮影モード=シャッター速度優先", "測光モード=中央部分測光", "階調"}},
+        {{.sigmaTag08 = "Program", .sigmaTag09 = "8 Seg"},
+         {"撮影モード=プログラム", "測光モード=8分割式評価測光", "階調"}},
+        {{.sigmaTag08 = "x", .sigmaTag09 = "x"}, {"撮影モード=(x)", "測光モード=(x)", "階調"}},
+        {{.sigmaTag03 = "SINGLE"}, {"ドライブモード=1コマ撮影", "階調"}},
+        {{.sigmaTag03 = "OFF"}, {"ドライブモード=オフ", "階調"}},
+        {{.sigmaTag03 = "X"}, {"ドライブモード=(X)", "階調"}},
+        // Only X3F files tell these; texts may fill their fields.
+        {{.sigmaAfArea = "CENTER_V", .sigmaAfInFocus = "H", .sigmaBracket = "2 of 3"},
+         {"AFエリア=CENTER_V", "AF-In-Focus=H", "階調", "オートブラケット=2 of 3"}},
+        {{.sigmaTag08 = {'1', '2', '3', '4', '5', '6', '7', '8'}, .sigmaTag09 = "A"},
+         {"撮影モード=(12345678)", "測光モード=中央部分測光", "階調"}},
+    });
+    const ImageInfo empty = InfoOf(kMakerSigma, Fields{});
+    EXPECT_EQ(Wording(&MakerText::whiteBalanceText, empty), "-");
+    EXPECT_EQ(FindMakerText(kMakerSigma).lensText, nullptr);
 }
 
-TEST(SigmaNote, HostileEntriesHarmNothing) {
-    constexpr std::uint32_t kAuto = 0x6F747541;  // "Auto"
-    struct Case {
-        const char* what;
-        void (*fill)(IfdBuilder&);
-        const char* text;  // of tag 0x0007
-    };
-    const Case cases[] = {
-        {"no entries", [](IfdBuilder& n) { n.Ascii(7, "Auto").EntryCount(0); }, ""},
-        {"one entry too many", [](IfdBuilder& n) { n.Ascii(7, "Auto").EntryCount(2); }, "Auto"},
-        {"most entries", [](IfdBuilder& n) { n.Ascii(7, "Auto").EntryCount(65535); }, "Auto"},
-        {"count 0", [](IfdBuilder& n) { n.Raw(7, 2, 0, kAuto); }, ""},
-        {"inline without end", [](IfdBuilder& n) { n.Raw(7, 2, 4, kAuto); }, "Auto"},
-        {"negative count", [](IfdBuilder& n) { n.Raw(7, 2, 0xFFFFFFFF, 8); }, ""},
-        {"size wraps to 0", [](IfdBuilder& n) { n.Raw(7, 5, 0x20000000, kAuto); }, "Auto"},
-        {"offset past the end", [](IfdBuilder& n) { n.Raw(7, 2, 100, 0x7FFFFFFF); }, ""},
-        {"offset before the file", [](IfdBuilder& n) { n.Raw(7, 2, 5, 0xFFFFFF00); }, "II*"},
-        {"blank", [](IfdBuilder& n) { n.Ascii(7, "      "); }, ""},
-        {"a number",
-         [](IfdBuilder& n) {
-             n.SRational(7, {{0, 10}});
-         },
-         ""},
-        {"preview of no size", [](IfdBuilder& n) { n.Raw(0x1C, 3, 0, 0).Raw(0x1A, 4, 1, 8); }, ""},
-    };
-    for (const Case& c : cases) {
-        SigmaFile file;
-        c.fill(file.Note());
-        const ImageInfo info = Parse(file.Build()).info;
-        EXPECT_EQ(FieldText(MakerRecord<Fields>(info).sigmaTag07), c.text) << c.what;
-        EXPECT_EQ(info.pixelXDimension, static_cast<std::int32_t>(NoteFile::kWidth)) << c.what;
-        EXPECT_EQ(info.pixelYDimension, static_cast<std::int32_t>(NoteFile::kHeight)) << c.what;
-    }
-}
-
-TEST(SigmaNote, SurvivesBeingCutAnywhere) {
-    SigmaFile file;
-    file.Note().Ascii(0x0002, "02000019").Rational(0x0032, {{4, 10}}).Ascii(0x003C, "Sunlight+");
-    file.Tiff().Trailer(JpegStream({}, 160, 120));
-    const Bytes whole = file.Build();
-    for (std::size_t size = 0; size < whole.size(); ++size) {
-        const Bytes cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
-        EXPECT_LE(Deliver(cut, false).size(), size);
-    }
-}
+// clang-format on
 
 }  // namespace
 }  // namespace qmx::test
