@@ -5,7 +5,6 @@
 #include <fstream>
 
 #include "parse/containers/signature.h"
-#include "support/cipher_seeds.h"
 #include "support/note_seeds.h"
 #include "support/raw_seeds.h"
 #include "target_seeds.h"
@@ -38,8 +37,8 @@ int main(int argc, char** argv) {
     if (argc != 2) return 2;
     const std::filesystem::path folder = argv[1];
     std::vector<test::SeedFile> files = test::SeedFiles();
-    for (const std::vector<test::SeedFile>& more : {test::NoteSeeds(), test::CipherSeeds()})
-        files.insert(files.end(), more.begin(), more.end());
+    const std::vector<test::SeedFile> notes = test::NoteSeeds();
+    files.insert(files.end(), notes.begin(), notes.end());
     for (const test::SeedFile& file : files)
         for (const char* target : {"request_fuzz", ReaderOf(file)}) Write(folder / target, file);
     for (const test::SeedFile& file : test::RawSeeds())

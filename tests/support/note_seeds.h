@@ -1,6 +1,6 @@
 #pragma once
-// Small sound photos whose MakerNotes have every form, directory and block that their makers'
-// decoders read, to be mutated by fuzzers.
+// Small sound photos whose MakerNotes have every form, directory, cipher and block that their
+// makers' decoders read, to be mutated by fuzzers.
 
 #include <vector>
 
@@ -8,7 +8,7 @@
 
 namespace qmx::test {
 
-// Minolta, Olympus, Pentax with Samsung, Ricoh; and a picture that Photoshop has saved.
+// Minolta, Olympus, Pentax with Samsung, Ricoh, Nikon, Sony; and a picture that Photoshop has saved.
 std::vector<SeedFile> NoteSeeds();
 
 }  // namespace qmx::test
