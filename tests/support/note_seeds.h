@@ -8,7 +8,8 @@
 
 namespace qmx::test {
 
-// Minolta, Olympus, Pentax with Samsung, Ricoh, Nikon, Sony; and a picture that Photoshop has saved.
+// Minolta, Olympus, Pentax with Samsung, Ricoh, Nikon, Sony; and a picture that Photoshop has
+// saved.
 std::vector<SeedFile> NoteSeeds();
 
 }  // namespace qmx::test

@@ -130,8 +130,6 @@ TEST(MinoltaNote, RulesOfSingleModels) {
     }
 }
 
-// clang-format on
-
 TEST(MinoltaNote, PreviewsWithADamagedStartAreDelivered) {
     const Bytes whole = JpegStream(Segment(0xDB, Bytes(400)), 640, 480);
     Bytes damaged = whole;
@@ -149,17 +147,11 @@ TEST(MinoltaNote, PreviewsWithADamagedStartAreDelivered) {
 
 TEST(MinoltaNote, HostileBytes) {
     BareNote note(kMakerMinolta, "", kMinolta5D, Order::kBig);
-    note.Entries()
-        .Undefined(0x0081, JpegStream({}, 16, 16))
-        .Long(0x0088, {20})
-        .Long(0x0089, {300})
-        .Long(0x0102, {2})
-        .SRational(0x0104, {{1, 3}})
+    note.Entries().Undefined(0x0081, JpegStream({}, 16, 16)).Long(0x0088, {20})
+        .Long(0x0089, {300}).Long(0x0102, {2}).SRational(0x0104, {{1, 3}})
         .Undefined(0x0114, Settings(2, 448));
     note.ExpectHarmless(sizeof(Fields));
 }
-
-// clang-format off
 
 TEST(MinoltaSection, EveryItemInOrder) {
     const Fields compact = {

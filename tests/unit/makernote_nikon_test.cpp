@@ -26,8 +26,8 @@ constexpr std::int32_t kD80 = 4108;
 // A note with a TIFF header of its own, in a file of the other byte order.
 BareNote NikonNote(Order order = Order::kBig, std::int32_t modelId = kD80) {
     const bool isBig = order == Order::kBig;
-    const auto header = isBig ? "Nikon\0\2\x10\0\0MM\0*\0\0\0\10"sv
-                              : "Nikon\0\2\x10\0\0II*\0\10\0\0\0"sv;
+    const auto header =
+        isBig ? "Nikon\0\2\x10\0\0MM\0*\0\0\0\10"sv : "Nikon\0\2\x10\0\0II*\0\10\0\0\0"sv;
     const Order other = isBig ? Order::kLittle : Order::kBig;
     return BareNote(kMakerNikon, header, modelId, order, 0, other);
 }
@@ -244,41 +244,27 @@ TEST(NikonNote, RulesOfSingleTags) {
     }
 }
 
-Bytes FromHex(std::string_view text) {
-    Bytes bytes;
-    for (std::size_t i = 0; i < text.size(); i += 2)
-        bytes.push_back(
-            static_cast<std::uint8_t>(std::stoi(std::string(text.substr(i, 2)), nullptr, 16)));
-    return bytes;
-}
-
-// From photos of a D2Hs, a D90, a D300 and a Z 6.
+// From photos of a D2Hs, a D90, a D300 and a Z 6; in whatever order the tags come.
 TEST(NikonNote, LensDataOfRealCameras) {
     struct Case {
-        const char* serial; std::uint32_t count, lensType; const char *stored, *plain, *idText;
+        const char* serial; std::uint32_t count, lensType; std::string idText, stored;
     };
     const Case cases[] = {
-        {"3001006", 2, 2,
-         "30323031cbcab032b6aca8abcd702ebba7f020a7420a5ded7fee30452de876",
-         "3032303122161209114a507658505014147a1416432e470e00000000000000", "7658505014147A02"},
-        {"2188172", 4044, 2,
-         "303230342abd0780f10b21b990e594bf783be55615d0c61f98d3fd161e15fbd094",
-         "303230342024100411204437364837372424342417512953000000000000000000", "3648373724243402"},
-        {"3105364", 241575, 14,
-         "3032303364f38b3d96fd16d61b08709559a5ab1c14f75bf4a9cee5e8e6cca671",
-         "30323033133b8100f78b6aa5403c8e2c3ca73b136b1769810000010305000000", "A5403C8E2C3CA70E"},
-        {"6078248", 174, 14,
-         "30383031fe6f66361314c725551895daeaadc7036c5aca0985cd796c14f7156e02d1db20a05b5182",
-         "303830310e248784ad1140616977485c8024247b2409531353008600000000000000000000000000",
-         "77485C8024247B0E"},
+        {"3001006", 2, 2, "7658505014147A02",
+         "30323031cbcab032b6aca8abcd702ebba7f020a7420a5ded7fee30452de876"},
+        {"2188172", 4044, 2, "3648373724243402",
+         "303230342abd0780f10b21b990e594bf783be55615d0c61f98d3fd161e15fbd094"},
+        {"3105364", 241575, 14, "A5403C8E2C3CA70E",
+         "3032303364f38b3d96fd16d61b08709559a5ab1c14f75bf4a9cee5e8e6cca671"},
+        {"6078248", 174, 14, "77485C8024247B0E",
+         "30383031fe6f66361314c725551895daeaadc7036c5aca0985cd796c14f7156e02d1db20a05b5182"},
+    };
+    const auto byteAt = [](const std::string& hex, std::size_t at) {
+        return static_cast<std::uint8_t>(std::stoi(hex.substr(at, 2), nullptr, 16));
     };
     for (const Case& c : cases) {
-        const Bytes stored = FromHex(c.stored);
-        Bytes deciphered = stored;
-        DecipherNikon(std::span(deciphered).subspan(4),
-                      static_cast<std::uint32_t>(std::stoul(c.serial)), c.count);
-        EXPECT_EQ(deciphered, FromHex(c.plain)) << c.serial;
-
+        Bytes stored;
+        for (std::size_t i = 0; i < c.stored.size(); i += 2) stored.push_back(byteAt(c.stored, i));
         int order[] = {0, 1, 2, 3};
         do {
             BareNote note = NikonNote();
@@ -290,7 +276,7 @@ TEST(NikonNote, LensDataOfRealCameras) {
             }
             const Fields fields = FieldsOf(note.Decode());
             EXPECT_EQ(FieldText(fields.nikonLensIdText), c.idText) << c.serial;
-            EXPECT_EQ(fields.nikonLensIdNumber, FromHex(c.idText)[0]) << c.serial;
+            EXPECT_EQ(fields.nikonLensIdNumber, byteAt(c.idText, 0)) << c.serial;
         } while (std::next_permutation(std::begin(order), std::end(order)));
     }
 }

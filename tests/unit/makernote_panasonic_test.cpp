@@ -70,8 +70,6 @@ TEST(PanasonicNote, EveryTagHasItsFieldAndEveryFieldItsLine) {
     }
 }
 
-// clang-format on
-
 TEST(PanasonicNote, OddTypesAndCounts) {
     for (const Order order : {Order::kLittle, Order::kBig}) {
         BareNote note(kMakerPanasonic, kHeader, 0, order);
@@ -82,17 +80,13 @@ TEST(PanasonicNote, OddTypesAndCounts) {
             .Long(0x0023, {0x12348000})
             .Long(0x002B, {0xFFFFFFFF})
             .Ascii(0x0039, "\x01\x02");  // two bytes, whatever the type
-        const Fields expected = {.panasonicTag01 = 0,
-                                 .panasonicTag0F = 4096,
-                                 .panasonicTag1C = -3,
-                                 .panasonicTag23 = -32768,
-                                 .panasonicTag2B = INT32_MIN,
-                                 .panasonicTag39 = order == Order::kLittle ? 0x0201 : 0x0102};
+        const Fields expected = {
+            .panasonicTag01 = 0, .panasonicTag0F = 4096, .panasonicTag1C = -3,
+            .panasonicTag23 = -32768, .panasonicTag2B = INT32_MIN,
+            .panasonicTag39 = order == Order::kLittle ? 0x0201 : 0x0102};
         EXPECT_TRUE(HoldsRecord(note.Decode(), expected));
     }
 }
-
-// clang-format off
 
 TEST(PanasonicSection, ConditionsAndFallbacks) {
     ExpectLists<Fields>(kMakerPanasonic, {

@@ -16,9 +16,7 @@ using Fields = RicohMakerFields;
 constexpr std::string_view kHeader = "Ricoh\0\0\0"sv;
 
 // Big-endian in every file.
-BareNote RicohNote() {
-    return BareNote(kMakerRicoh, kHeader, 0, Order::kBig, 0, Order::kLittle);
-}
+BareNote RicohNote() { return BareNote(kMakerRicoh, kHeader, 0, Order::kBig, 0, Order::kLittle); }
 
 // The first `size` bytes of a block with every value in its place.
 Bytes Block(std::size_t size, std::uint32_t imageSetting = 6, std::uint32_t isoSetting = 7,
@@ -86,8 +84,8 @@ TEST(RicohNote, RulesOfSingleTags) {
 
 TEST(RicohNote, IsBigEndianInEveryFileAndFillsTheIso) {
     constexpr std::pair<std::uint32_t, std::int32_t> kSpeeds[] = {
-        {0, INT_UNSET}, {1, 64},        {2, 100},   {3, INT_UNSET}, {4, 200},       {6, 400},
-        {7, 800}, {8, 1600},      {9, INT_UNSET}, {10, 3200}, {11, 100},      {12, INT_UNSET}};
+        {0, INT_UNSET}, {1, 64},   {2, 100},       {3, INT_UNSET}, {4, 200},  {6, 400},
+        {7, 800},       {8, 1600}, {9, INT_UNSET}, {10, 3200},     {11, 100}, {12, INT_UNSET}};
     for (const auto& [setting, speed] : kSpeeds) {
         BareNote note(kMakerRicoh, kHeader, 0, Order::kBig, 0, Order::kBig);
         note.Entries().Undefined(0x1001, Block(42, 6, setting));

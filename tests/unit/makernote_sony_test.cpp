@@ -85,13 +85,11 @@ TEST(SonyNote, HeaderIsTestedFirstTheModelOnlyWithoutIt) {
 }
 
 TEST(SonyNote, FormsOfTheSettings) {
+    using Elements = std::vector<std::pair<std::size_t, std::uint32_t>>;
     struct Case {
-        std::size_t bytes, element;
-        std::vector<std::pair<std::size_t, std::uint32_t>> elements;
-        std::int32_t orientation;
-        Fields fields;
+        std::size_t bytes, element; Elements elements; std::int32_t orientation; Fields fields;
     };
-    const std::vector<std::pair<std::size_t, std::uint32_t>> set1 = {
+    const Elements set1 = {
         {3, 152}, {4, 0x1218}, {5, 33}, {6, 2}, {7, 43}, {16, 3}, {17, 2}, {18, 7}, {19, 4},
         {20, 104}, {21, 2}, {22, 80}, {24, 1}, {26, 6}, {28, 13}, {29, 7}, {30, 10}, {34, 9},
         {35, 2}, {43, 1}, {44, 2}, {60, 3}, {61, 1}, {63, 1}, {84, 3}, {85, 1}, {86, 35}};
@@ -217,8 +215,6 @@ TEST(SonyNote, PartInMinoltasLayout) {
     }
 }
 
-// clang-format on
-
 TEST(SonyNote, PreviewStandsBehindAHeaderOfItsOwn) {
     const Bytes whole = JpegStream(Segment(0xDB, Bytes(400)), 1616, 1080);
     Bytes damaged = whole;
@@ -234,12 +230,9 @@ TEST(SonyNote, PreviewStandsBehindAHeaderOfItsOwn) {
 
 TEST(SonyNote, HostileBytes) {
     BareNote note(kMakerSony, kHeader, kSonyA100);
-    note.Entries()
-        .SRational(0x0104, {{1, 3}})
-        .Undefined(0x0114, Bytes(280, 7))
+    note.Entries().SRational(0x0104, {{1, 3}}).Undefined(0x0114, Bytes(280, 7))
         .Undefined(0x2001, Bytes(32) + JpegStream({}, 16, 16))
-        .Undefined(0x9405, WithFirst(0x3A, Bytes(0x64, 8)))
-        .Long(0xB027, {65535})
+        .Undefined(0x9405, WithFirst(0x3A, Bytes(0x64, 8))).Long(0xB027, {65535})
         .Long(0xB028, {20});
     note.ExpectHarmless(sizeof(Fields));
 }
@@ -251,8 +244,6 @@ ImageInfo InfoOf(const Fields& fields, const char* model = "") {
     std::strcpy(info.cameraModel, model);
     return info;
 }
-
-// clang-format off
 
 TEST(SonySection, EveryItemInOrder) {
     const Fields fields = {

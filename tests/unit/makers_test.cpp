@@ -100,44 +100,30 @@ TEST(Model, TellsPentaxCamerasOfOtherMakers) {
         EXPECT_EQ(Identified(maker, model).makerId, becomes) << model;
 }
 
-// That the file's size is read right shows that byte order and base are the Exif directory's again.
+// Beside the headers of the makers' own tests.  That the file's size is read right shows that byte
+// order and base are the Exif directory's again.
 TEST(MakerNote, HeadersDecideWhetherItCounts) {
     struct Case { const char *make, *model; Bytes note; int hasMakerNote; };
     const Bytes directory = {1, 0, 1, 0, 3, 0, 1, 0, 0, 0, 7, 0, 0, 0, 0, 0, 0, 0};
     const Bytes tiffHeader = {'M', 'M', 0, 42, 0, 0, 0, 8};
     const auto headed = [&](std::string_view header) { return FromText(header) + directory; };
     const Case cases[] = {
-        {"Canon", "Canon EOS 5D", directory, 1},
         {"NIKON", "NIKON D70", headed("Nikon\0\2\0\0\0"sv) + tiffHeader, 1},
         {"NIKON", "E950", directory, 0},
         {"KONICA MINOLTA", "DiMAGE Z3", directory, 1},
         {"KONICA MINOLTA", "DiMAGE Z3", headed("MLY0"), 0},
-        {"OLYMPUS", "E-1", headed("OLYMP\0\1\0"sv), 1},
-        {"OLYMPUS", "E-3", headed("OLYMPUS\0MM\3\0"sv), 1},
         {"OLYMPUS", "E-3", directory, 0},
-        {"SONY", "DSC-P200", headed("SONY DSC \0\0\0"sv), 1},
         {"SONY", "DSC-P200", directory, 0},
         {"SONY", "DSLR-A100", directory, 1},
-        {"FUJIFILM", "X100", headed("FUJIFILM\14\0\0\0"sv), 1},
         {"FUJIFILM", "X100", headed("FUJIFIL"), 0},
-        {"CASIO", "EX-Z3", headed("QVC\0\0\0"sv), 1},
         {"CASIO", "QV-3000", directory, 0},
-        {"RICOH", "Caplio", headed("Ricoh\0\0\0"sv), 1},
         {"RICOH", "Caplio", headed("RICOH\0\0\0"sv), 0},
-        {"Panasonic", "DMC-FZ30", headed("Panasonic\0\0\0"sv), 1},
         {"Panasonic", "DMC-FZ30", headed("Panasonik\0\0\0"sv), 0},
-        {"SANYO", "S1", headed("SANYO\0\1\0"sv), 1},
         {"SANYO", "S1", headed("SANY\0\0\1\0"sv), 0},
-        {"PENTAX", "K10D", headed("AOC\0MM"sv), 1},
-        {"PENTAX", "K10D", headed("PENTAX \0MM"sv), 1},
         {"PENTAX", "K10D", headed("AOC1"), 0},
         {"Samsung", "SAMSUNG GX10", headed("AOC\0MM"sv), 1},
         {"Samsung", "SAMSUNG NX10", headed("any"), 1},
-        {"SIGMA", "DP1", headed("SIGMA\0\0\0\1\0"sv), 1},
-        {"SEIKO EPSON", "R-D1", headed("EPSON\0\1\0"sv), 1},
         {"SEIKO EPSON", "R-D1", headed("SEIKO\0\1\0"sv), 0},
-        {"Mamiya", "ZD", directory, 1},
-        {"LEICA", "D-LUX 3", headed("LEICA\0\0\0"sv), 1},
         {"LEICA", "M8 Digital Camera", headed("LEICA\0\0\0"sv), 1},
         {"LEICA", "M8 Digital Camera", directory, 0},
         {"KDDI-CA", "W41", headed("KDDI\0\0\0\0"sv), 1},
