@@ -400,7 +400,6 @@ TEST(CanonSection, ConditionsAndFallbacks) {
         {{.whiteBalance = 0, .processingInfo9 = 5200}, {"ホワイトバランス=オート"}},
         {{.whiteBalance = 9, .processingInfo9 = 5200}, {"ホワイトバランス=色温度直接指定", "色温度=5200K"}},
         {{.processingInfo9 = 0, .canonColorTemperature = 4300}, {"色温度=4300K"}, 4097},
-        {{.whiteBalance = 23}, {"ホワイトバランス=(23)"}},
         {{.processingInfo12 = 1, .processingInfo13 = 0}, {}},
         {{.processingInfo12 = 1, .processingInfo13 = 0}, {"ホワイトバランス補正=A-B +1, G-M ±0"}, 4097},
         {{.processingInfo10 = 1}, {}, 4103},

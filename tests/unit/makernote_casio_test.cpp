@@ -127,8 +127,6 @@ TEST(CasioSection, ConditionsAndFallbacks) {
         {{.casioTag3000 = 2, .casioTag3007 = 5}, {"撮影モード=プログラムAE"}},
         {{.casioTag3000 = 6, .casioTag3007 = 0}, {"撮影モード=ベストショット", "ベストショット=オフ"}},
         {{.casioTag3000 = 99}, {"撮影モード=(99)"}},
-        {{.casioTag3001 = 14}, {"レリーズモード=(14)"}},
-        {{.casioTag2012 = 13}, {"ホワイトバランス=(13)"}},
         {{.casioTag2022 = 0x1FFFFFFF}, {"撮影距離=536871.0m"}},
         {{.casioTag2022 = 0x20000000}, {"撮影距離=∞"}},
         {{.casioTag2022 = INT32_MIN}, {"撮影距離=∞"}},

@@ -103,7 +103,6 @@ TEST(PanasonicSection, ConditionsAndFallbacks) {
         {{.panasonicTag2B = 5}, {}},
         {{.panasonicTag2C = 272}, {"コントラスト=標準"}},
         {{.panasonicTag2C = 272, .panasonicTag39 = 0}, {"コントラスト=±0"}},
-        {{.panasonicTag2C = 5}, {"コントラスト=(5)"}},
         {{.panasonicTag1F = 1}, {"シーンモード=標準"}},
         {{.panasonicTag25 = "\xE3"}, {"シリアル番号=E3,"}},
         {{.panasonicTag24 = 1, .panasonicTag2D = 1, .panasonicTag31 = 1}, {}},

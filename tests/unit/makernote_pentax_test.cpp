@@ -252,8 +252,6 @@ TEST(PentaxSection, ConditionsAndFallbacks) {
         {{.compactMode = 65}, {"撮影モード=バストアップ人物"}},
         {{.pictureMode = 9999}, {"撮影モード=(9999)"}},
         {{.quality = 65535}, {}},
-        {{.imageSize = 2}, {"イメージサイズ=1024 x 768"}},
-        {{.imageSize = 24}, {"イメージサイズ=(24)"}},
         {{.drive = 0, .selfTimer = 0, .remote = 0, .exposureCount = 0}, {"ドライブモード=1コマ撮影"}},
         {{.selfTimer = 255}, {}},
         {{.iso = 65535}, {"ISO感度=オート"}},

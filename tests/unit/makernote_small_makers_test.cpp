@@ -3,17 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 
 #include "makernote/leica_fields.h"
 #include "makernote/mamiya_fields.h"
-#include "makernote/model_identity.h"
 #include "makernote/sanyo_fields.h"
 #include "makernote/seiko_fields.h"
 #include "support/listing.h"
 #include "support/note_file.h"
-#include "support/parse.h"
 #include "unit/bare_note.h"
 
 namespace qmx::test {
@@ -75,7 +72,6 @@ TEST(Sanyo, NoteAndSection) {
         {{.sanyoTag210 = 1}, {}},
         {{.sanyoTag204 = 0.0f}, {"デジタルズーム=オフ"}},
         {{.sanyoTag204 = 1.0f}, {"デジタルズーム=1.0倍"}},
-        {{.sanyoTag21A = 1}, {"フォーカスモード=(1)"}},
     });
 }
 
@@ -148,26 +144,6 @@ TEST(Leica, NoteAndSection) {
         {{.leicaTag304 = 1, .leicaTag310 = 0}, {"ホワイトバランス=(1)", "レンズ情報=オフ"}},
         {{.leicaTag310 = 98}, {"ホワイトバランス=オート", "レンズ情報=(98)"}},
     }, kFirstOwnLeicaModel);
-}
-
-// Which of the two forms a camera writes follows from its Model text.
-TEST(Leica, ModelsTellTheFormsApart) {
-    const std::pair<const char*, std::int32_t> cases[] = {
-        {"DIGILUX 1", 257}, {"D-LUX", 260}, {"D-LUX2", 261}, {"V-LUX 2", 270}, {"V-LUX 20", 271},
-        {"V-LUX 4", 274}, {"LEICA T (Typ 701)", 0}, {"M8 Digital Camera", 768},
-        {"M8.2 Digital Camera", 769}, {"M Monochrom", 772}, {"LEICA X2", 774}, {"S2", 775},
-    };
-    for (const auto& [model, modelId] : cases) {
-        BytesContext context({});
-        context.ctx.info.makerId = kMakerLeica;
-        std::strcpy(context.ctx.info.cameraModel, model);
-        IdentifyModel(context.ctx);
-        EXPECT_EQ(context.ctx.info.modelId, modelId) << model;
-        BareNote note(kMakerLeica, kLeicaHeader, modelId);
-        note.Entries().Short(0x0001, {2}).Short(0x0304, {3});
-        const ImageInfo info = note.Decode();
-        EXPECT_EQ(MakerRecord<LeicaMakerFields>(info).leicaTag304, modelId < 768 ? 2 : 3) << model;
-    }
 }
 
 // clang-format on

@@ -78,9 +78,16 @@ TEST(Model, HasItsNumber) {
         {kMakerFujifilm, "FinePix S5Pro  ", 8195}, {kMakerFujifilm, "FinePix S200EXR", 4103},
         {kMakerFujifilm, "FinePix F200EXR", 257}, {kMakerFujifilm, "X-Pro1", 257},
         {kMakerFujifilm, "X100T", 257}, {kMakerFujifilm, "FinePix6900ZOOM", 0},
+        {kMakerFujifilm, "FinePix E500", 0}, {kMakerFujifilm, "FinePix F550EXR", 257},
+        {kMakerFujifilm, "FinePix X100", 257}, {kMakerFujifilm, "FinePix S100FS", 4103},
+        {kMakerFujifilm, "FinePixS1Pro", 8192}, {kMakerFujifilm, "FinePix S3Pro", 8194},
         {kMakerLeica, "D-LUX3", 262}, {kMakerLeica, "M8 Digital Camera", 768},
         {kMakerLeica, "M8.2 Digital Camera", 769}, {kMakerLeica, "R9 - Digital Back DMR", 770},
-        {kMakerLeica, "LEICA X1", 773}, {kMakerUnknown, "EOS 5D", 0},
+        {kMakerLeica, "LEICA X1", 773}, {kMakerLeica, "DIGILUX 1", 257},
+        {kMakerLeica, "D-LUX", 260}, {kMakerLeica, "D-LUX2", 261}, {kMakerLeica, "V-LUX 2", 270},
+        {kMakerLeica, "V-LUX 20", 271}, {kMakerLeica, "V-LUX 4", 274},
+        {kMakerLeica, "LEICA T (Typ 701)", 0}, {kMakerLeica, "M Monochrom", 772},
+        {kMakerLeica, "LEICA X2", 774}, {kMakerLeica, "S2", 775}, {kMakerUnknown, "EOS 5D", 0},
     };
     for (const auto& [maker, model, modelId] : cases)
         EXPECT_EQ(Identified(maker, model).modelId, modelId) << model;
