@@ -159,7 +159,8 @@ Bytes NikonLensData(const NikonLens& lens) {
     if (lens.lensAt != 0) Put(block, lens.lensAt, {0xA5, 0x40, 0x3C, 0x8E, 0x2C, 0x3C, 0xA7});
     if (lens.nameAt != 0) Put(block, lens.nameAt, FromText("1 NIKKOR VR 10-30mm f/3.5-5.6"));
     if (lens.zNumberAt != 0) Put(block, lens.zNumberAt, {9, 0});
-    if (lens.version[1] >= '2') DecipherNikon(std::span(block).subspan(4), lens.key, kNikonReleases);
+    if (lens.version[1] >= '2')
+        DecipherNikon(std::span(block).subspan(4), lens.key, kNikonReleases);
     return block;
 }
 

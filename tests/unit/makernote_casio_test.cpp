@@ -27,10 +27,11 @@ Fields FieldsOf(const ImageInfo& info) { return MakerRecord<Fields>(info); }
 
 void AddEveryTag(IfdBuilder& note) {
     note.Long(0x0003, {30}).Long(0x0004, {40}).Short(0x2011, {487, 435}).Short(0x2012, {12})
-        .Long(0x2022, {1500}).Short(0x2034, {806}).Short(0x3000, {6}).Short(0x3001, {1}).Short(0x3002, {3}).Short(0x3003, {6})
-        .Ascii(0x3006, "New York").Short(0x3007, {5}).Undefined(0x3011, {0xFF, 0xFC})
-        .Undefined(0x3012, {0x00, 0x02}).Undefined(0x3013, {0x00, 0x00}).Short(0x3014, {50})
-        .Short(0x3015, {3}).Short(0x3016, {9}).Short(0x3017, {7});
+        .Long(0x2022, {1500}).Short(0x2034, {806}).Short(0x3000, {6}).Short(0x3001, {1})
+        .Short(0x3002, {3}).Short(0x3003, {6}).Ascii(0x3006, "New York").Short(0x3007, {5})
+        .Undefined(0x3011, {0xFF, 0xFC}).Undefined(0x3012, {0x00, 0x02})
+        .Undefined(0x3013, {0x00, 0x00}).Short(0x3014, {50}).Short(0x3015, {3})
+        .Short(0x3016, {9}).Short(0x3017, {7});
 }
 
 TEST(CasioNote, EveryTagHasItsFieldAndEveryFieldItsLine) {

@@ -228,7 +228,8 @@ TEST(MinoltaWordings, LensAndWhiteBalance) {
         {2, kMinolta7D, "日陰"}, {2, kMinolta5D, "曇り"}, {16, kMinolta7D, "(16)"},
         {0x100, kMinolta5D, "色温度指定"}, {INT_UNSET, kMinolta7D, "-"}};
     for (const Case& c : balances) {
-        const ImageInfo info = InfoOf(kMakerMinolta, Fields{.minoltaWhiteBalance = c.code}, c.model);
+        const Fields fields = {.minoltaWhiteBalance = c.code};
+        const ImageInfo info = InfoOf(kMakerMinolta, fields, c.model);
         EXPECT_EQ(Wording(&MakerText::whiteBalanceText, info), c.text);
     }
 }

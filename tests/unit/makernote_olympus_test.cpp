@@ -375,7 +375,7 @@ TEST(OlympusSummary, ImageSizeWhereExifHasNone) {
         {"another maker", [](ImageInfo& i) { i.makerId = kMakerCasio; }, INT_UNSET, INT_UNSET},
         {"never decoded", [](ImageInfo& i) { std::memset(i.makerFields, 0, kMakerFieldsSize); },
          INT_UNSET, INT_UNSET},
-        {"not in the note", [](ImageInfo& i) { ResetMakerRecord<Fields>(i); }, INT_UNSET, INT_UNSET},
+        {"none there", [](ImageInfo& i) { ResetMakerRecord<Fields>(i); }, INT_UNSET, INT_UNSET},
     };
     for (const Case& c : cases) {
         ImageInfo info = InfoOf(kMakerOlympus, Fields{.imageWidth = 2560, .imageHeight = 1920});

@@ -119,7 +119,7 @@ TEST(PentaxNote, RulesOfSingleTags) {
          [](Note& n) { n.Short(0x001F, {1}).Short(0x0020, {2}).Short(0x0021, {0}); },
          {.saturation = 1, .contrast = 2, .sharpness = 0}},
         {"filter alone", [](Note& n) { n.Byte(0x0032, {0, 0, 0, 4}); }, {.imageProcessing = 4}},
-        {"picture mode without step", [](Note& n) { n.Byte(0x0033, {3, 0}); }, {.pictureMode = 768}},
+        {"picture mode alone", [](Note& n) { n.Byte(0x0033, {3, 0}); }, {.pictureMode = 768}},
         {"one byte is no picture mode", [](Note& n) { n.Byte(0x0033, {3}); }, {}},
         {"half a drive", [](Note& n) { n.Byte(0x0034, {1, 2}); }, {.drive = 1, .selfTimer = 2}},
         {"half a lens", [](Note& n) { n.Byte(0x003F, {3}); }, {}},
