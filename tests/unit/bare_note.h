@@ -20,7 +20,7 @@ public:
     // Offsets count from 8 bytes before the directory, or 6 more for each of `lead`.
     BareNote(MakerId maker, std::string_view header, std::int32_t modelId = 0,
              Order order = Order::kLittle, std::size_t lead = 0,
-             std::optional<Order> fileOrder = {});  // the note's own
+             std::optional<Order> fileOrder = {});  // when it is not the note's
 
     static constexpr std::size_t kPosition = 16;  // of the note in the bytes
 

@@ -247,7 +247,7 @@ TEST(OlympusNote, OtherHeadersStayClosed) {
     }
 }
 
-// What a request for a picture behind everything else says of its place.
+// Pictures behind everything else, by each pair of tags that leads to one.
 TEST(OlympusNote, PreviewsAreDelivered) {
     static const Bytes jpeg = JpegStream(Segment(0xDB, Bytes(6)), 320, 240);
     using File = NoteFile;
@@ -274,14 +274,16 @@ TEST(OlympusNote, PreviewsAreDelivered) {
         SCOPED_TRACE(&fill - kPlaces);
         ExpectPreview(jpeg, [&](U32 at, U32 size) { return photo(fill, at, size); });
     }
-    // Other values: the picture itself, twice, none, and a picture that is said to be invalid.
+    // Values that are the picture, one that is none, and a picture that is said to be invalid.
     const auto deliver = [&](auto fill) { return Deliver(photo(fill, 0, 0)); };
     EXPECT_EQ(deliver([](File& f, U32, U32) { f.Note().Undefined(0x0081, jpeg); }), jpeg);
     EXPECT_EQ(deliver([](File& f, U32, U32) { f.Note().Undefined(0x0100, jpeg); }), jpeg);
     EXPECT_EQ(deliver([](File& f, U32, U32) { f.Note().Undefined(0x0100, Bytes(20)); }), Bytes());
     EXPECT_EQ(deliver([](File& f, U32, U32) {
         const auto size = static_cast<U32>(jpeg.size());
-        f.Note().Short(0x1035, {0}).Data(0x1036, jpeg).Long(0x1037, {size});
+        IfdBuilder& settings = f.Tiff().SubIfd();
+        f.Note().Link(0x2020, {&settings});
+        settings.Long(0x0100, {0}).Data(0x0101, jpeg).Long(0x0102, {size});
     }), Bytes());
 }
 // And says that it has the most entries.
