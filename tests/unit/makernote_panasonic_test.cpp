@@ -131,6 +131,31 @@ TEST(PanasonicWordings, LensWhiteBalanceAndSceneMode) {
         EXPECT_EQ(Wording(wording, own), "-");
 }
 
+// A maker's wordings stand in for Exif's; where it has none, or its note is closed, Exif's stay.
+TEST(PanasonicSummary, WordingsStandInTheTexts) {
+    struct Case {
+        Fields fields; std::uint8_t hasMakerNote; const char *lens, *whiteBalance, *longText;
+    };
+    const Case cases[] = {
+        {kEveryField, 1, "LUMIX G 20/F1.7", "ホワイトセット2", "レンズ: LUMIX G 20/F1.7"},
+        {{.panasonicTag1F = 26}, 1, "", "マニュアル", "シーンモード: 星空"},
+        {kEveryField, 0, "", "マニュアル", ""},
+    };
+    for (const Case& c : cases) {
+        ImageInfo info = InfoOf(kMakerPanasonic, c.fields);
+        info.hasMakerNote = c.hasMakerNote;
+        info.whiteBalance = 1;
+        wchar_t longText[256];
+        InfoRequest request = {};
+        request.longText = longText;
+        request.longTextCapacity = 256;
+        BuildSummary(info, &request);
+        EXPECT_EQ(Utf8(request.lensText), c.lens);
+        EXPECT_EQ(Utf8(request.whiteBalanceText), c.whiteBalance);
+        EXPECT_EQ(Utf8(longText), c.longText);
+    }
+}
+
 // clang-format on
 
 }  // namespace
