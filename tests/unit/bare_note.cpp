@@ -5,8 +5,7 @@
 #include <algorithm>
 
 #include "makernote/dispatch.h"
-#include "parse/containers/container.h"
-#include "support/memory_stream.h"
+#include "support/deliver.h"
 #include "support/parse.h"
 
 namespace qmx::test {
@@ -89,26 +88,20 @@ void BareNote::ExpectHarmless(std::size_t recordSize) {
     }
 }
 
-Bytes Deliver(const Bytes& file, bool wantPrimary) {
-    BytesContext context(file);
-    MemoryStream stream;
-    context.ctx.outStream = &stream;
-    context.ctx.wantPrimary = wantPrimary ? 1 : 0;
-    ParseContainer(context.ctx, wantPrimary);
-    EXPECT_EQ(context.ctx.thumbDone != 0, !stream.bytes.empty());
-    return stream.bytes;
+Bytes DeliveredBytes(const Bytes& file, bool wantPrimary) {
+    return Deliver(file, wantPrimary).bytes;
 }
 
 void ExpectPreview(const Bytes& jpeg,
                    const std::function<Bytes(std::uint32_t, std::uint32_t)>& photo) {
     const auto length = static_cast<std::uint32_t>(jpeg.size());
     const auto position = static_cast<std::uint32_t>(photo(0, length).size()) - length;
-    EXPECT_EQ(Deliver(photo(position, length)), jpeg);
-    EXPECT_EQ(Deliver(ExifJpeg(photo(position, length))), jpeg);
+    EXPECT_EQ(DeliveredBytes(photo(position, length)), jpeg);
+    EXPECT_EQ(DeliveredBytes(ExifJpeg(photo(position, length))), jpeg);
     for (const std::uint32_t stated : {0u, length + 100, 0xFFFFFFFFu})
-        EXPECT_EQ(Deliver(photo(position, stated)), Bytes()) << stated;
+        EXPECT_EQ(DeliveredBytes(photo(position, stated)), Bytes()) << stated;
     for (const std::uint32_t nowhere : {0u, position - 3, position + 1, 0x7FFFFFFFu, 0xFFFFFFFFu})
-        EXPECT_EQ(Deliver(photo(nowhere, length)), Bytes()) << nowhere;
+        EXPECT_EQ(DeliveredBytes(photo(nowhere, length)), Bytes()) << nowhere;
 }
 
 }  // namespace qmx::test

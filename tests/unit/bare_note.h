@@ -62,7 +62,7 @@ testing::AssertionResult HoldsRecord(const ImageInfo& info, const Fields& expect
 }
 
 // The smallest picture that the file delivers, or the largest; nothing when it has none.
-Bytes Deliver(const Bytes& file, bool wantPrimary = false);
+Bytes DeliveredBytes(const Bytes& file, bool wantPrimary = false);
 
 // Photos that end with a picture's bytes and tell where and how long it is: delivered as `jpeg`
 // from there, but from nowhere else and never longer than the file.

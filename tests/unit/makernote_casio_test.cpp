@@ -115,11 +115,11 @@ TEST(CasioNote, PreviewIsWhereAFrameHeaderAnswers) {
         return file.Tiff().Trailer(jpeg).Build();
     };
     const std::uint32_t position = static_cast<std::uint32_t>(photo(0).size()) - length;
-    EXPECT_EQ(Deliver(ExifJpeg(photo(position))), jpeg);
-    EXPECT_EQ(Deliver(ExifJpeg(photo(position + kTiffHeader))), jpeg);
-    EXPECT_EQ(Deliver(photo(position)), jpeg);
+    EXPECT_EQ(DeliveredBytes(ExifJpeg(photo(position))), jpeg);
+    EXPECT_EQ(DeliveredBytes(ExifJpeg(photo(position + kTiffHeader))), jpeg);
+    EXPECT_EQ(DeliveredBytes(photo(position)), jpeg);
     for (const std::uint32_t nowhere : {0u, position - 7, position + 400, 0x7FFFFFFFu, 0xFFFFFFF4u})
-        EXPECT_EQ(Deliver(ExifJpeg(photo(nowhere))), Bytes()) << nowhere;
+        EXPECT_EQ(DeliveredBytes(ExifJpeg(photo(nowhere))), Bytes()) << nowhere;
 }
 
 // clang-format off

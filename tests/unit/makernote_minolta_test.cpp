@@ -142,7 +142,7 @@ TEST(MinoltaNote, PreviewsWithADamagedStartAreDelivered) {
     // Shorter ones are stubs.
     NoteFile stub(Order::kLittle, "Minolta Co., Ltd.", "", "DiMAGE 7i");
     stub.Note().Undefined(0x0081, JpegStream({}, 16, 16));
-    EXPECT_EQ(Deliver(stub.Build()), Bytes());
+    EXPECT_EQ(DeliveredBytes(stub.Build()), Bytes());
 }
 
 TEST(MinoltaNote, HostileBytes) {

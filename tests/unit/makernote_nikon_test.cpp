@@ -385,7 +385,7 @@ TEST(NikonNote, PreviewIsDelivered) {
         }
         const Bytes value = FromText("Nikon\0\2\x10\0\0"sv) + inner.Build();
         const Bytes file = NoteFile::Build(Order::kLittle, "NIKON CORPORATION", "NIKON D80", value);
-        return Deliver(isJpegFile ? ExifJpeg(file) : file, true);
+        return DeliveredBytes(isJpegFile ? ExifJpeg(file) : file, true);
     };
     EXPECT_EQ(deliver({{jpeg, length}}, 1, false), jpeg);
     EXPECT_EQ(deliver({{jpeg, length}}, 1, true), jpeg);

@@ -275,7 +275,7 @@ TEST(OlympusNote, PreviewsAreDelivered) {
         ExpectPreview(jpeg, [&](U32 at, U32 size) { return photo(fill, at, size); });
     }
     // Values that are the picture, one that is none, and a picture that is said to be invalid.
-    const auto deliver = [&](auto fill) { return Deliver(photo(fill, 0, 0)); };
+    const auto deliver = [&](auto fill) { return DeliveredBytes(photo(fill, 0, 0)); };
     EXPECT_EQ(deliver([](File& f, U32, U32) { f.Note().Undefined(0x0081, jpeg); }), jpeg);
     EXPECT_EQ(deliver([](File& f, U32, U32) { f.Note().Undefined(0x0100, jpeg); }), jpeg);
     EXPECT_EQ(deliver([](File& f, U32, U32) { f.Note().Undefined(0x0100, Bytes(20)); }), Bytes());

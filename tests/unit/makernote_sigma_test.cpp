@@ -86,12 +86,12 @@ TEST(SigmaNote, PreviewsOfTagsAndBehindTheLastValue) {
             .Ascii(0x003C, "Sunlight+");  // of an even size: nothing pads it
         if (hasTrailing) file.Tiff().Trailer(trailing);
         const Bytes photo = ExifJpeg(file.Tiff().Build());
-        EXPECT_EQ(Deliver(photo, false), tagged);
-        EXPECT_EQ(Deliver(photo, true), hasTrailing ? trailing : tagged);
+        EXPECT_EQ(DeliveredBytes(photo, false), tagged);
+        EXPECT_EQ(DeliveredBytes(photo, true), hasTrailing ? trailing : tagged);
     }
     NoteFile ignored(Order::kLittle, "SIGMA", kHeader);
     ignored.Note().Undefined(0x003D, trailing);  // no tag that means anything
-    EXPECT_EQ(Deliver(ignored.Tiff().Build()), trailing);
+    EXPECT_EQ(DeliveredBytes(ignored.Tiff().Build()), trailing);
 }
 
 // clang-format off

@@ -164,16 +164,16 @@ TEST(Seiko, PreviewIsDelivered) {
         NoteFile file(Order::kLittle, "SEIKO EPSON CORP.", kSeikoHeader);
         for (const Bytes& preview : previews) file.Note().Undefined(0x0280, preview);
         const Bytes photo = file.Tiff().Build();
-        EXPECT_EQ(Deliver(photo, false), delivered);
-        EXPECT_EQ(Deliver(photo, true), delivered);
+        EXPECT_EQ(DeliveredBytes(photo, false), delivered);
+        EXPECT_EQ(DeliveredBytes(photo, true), delivered);
     }
     // Beside the file's own thumbnail: the smallest and the largest are still told apart.
     NoteFile file(Order::kBig, "SEIKO EPSON CORP.", kSeikoHeader);
     file.Note().Undefined(0x0280, large);
     file.Tiff().Ifd().Data(0x0201, small).Long(0x0202, {static_cast<std::uint32_t>(small.size())});
     const Bytes photo = file.Tiff().Build();
-    EXPECT_EQ(Deliver(photo, false), small);
-    EXPECT_EQ(Deliver(photo, true), large);
+    EXPECT_EQ(DeliveredBytes(photo, false), small);
+    EXPECT_EQ(DeliveredBytes(photo, true), large);
 }
 
 TEST(WalkedNotes, KeepNothing) {

@@ -224,7 +224,7 @@ TEST(SonyNote, PreviewStandsBehindAHeaderOfItsOwn) {
     for (const auto& [value, delivered] : cases) {
         NoteFile file(Order::kLittle, "SONY", kHeader);
         file.Note().Undefined(0x2001, value);
-        EXPECT_EQ(Deliver(file.Build()), delivered);
+        EXPECT_EQ(DeliveredBytes(file.Build()), delivered);
     }
 }
 
