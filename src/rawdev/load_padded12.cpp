@@ -1,5 +1,5 @@
-// Ten samples in 15 bytes, packed high bits first, and a sixteenth byte that says nothing: rows of
-// whole 16-byte groups, as old bodies of Epson and Panasonic store them.
+// Ten samples in 15 bytes, packed high bits first (TIFF 6.0: FillOrder 1), and a sixteenth byte
+// that says nothing, as Epson's bodies store them.
 
 #include "rawdev/loaders.h"
 #include "rawdev/plain_rows.h"

@@ -68,11 +68,18 @@ bool NeedsAllCells(const RawDecodeState& state) {
     return MendsHighlights(state) || IsReshaped(state);
 }
 
+void ClearHistogram(RawDecodeState& state) {
+    std::memset(state.channelHistogram.get(), 0, kColors * sizeof state.channelHistogram[0]);
+}
+
+// What lives as long as the state is made by its first run.
 bool AllocateBuffers(RawDecodeState& state) {
     if (state.sampleCurve == nullptr)
         state.sampleCurve = AllocateZeroed<std::uint16_t>(kCurveEntries);
     if (state.channelHistogram == nullptr)
         state.channelHistogram = AllocateZeroed<std::uint32_t[kHistogramBins]>(kColors);
+    else
+        ClearHistogram(state);
     if (state.sampleCurve == nullptr || state.channelHistogram == nullptr) {
         state.error = E_OUTOFMEMORY;
         return false;
@@ -126,7 +133,7 @@ bool FinishColors(RawDecodeState& state) {
     }
     if (MendsHighlights(state) && !MendHighlights(state)) return false;
     if (!Reshape(state)) return false;
-    std::memset(state.channelHistogram.get(), 0, kColors * sizeof state.channelHistogram[0]);
+    ClearHistogram(state);
     CellColor(state).ConvertCells(state.image.get(), cells());
     return true;
 }
